@@ -1,0 +1,12 @@
+# The libraries that Corvane stands on, all of them Debian packages (tools/packages.txt).
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
+find_package(pugixml REQUIRED)
+pkg_check_modules(Mount REQUIRED IMPORTED_TARGET mount)
+pkg_check_modules(Stb REQUIRED IMPORTED_TARGET stb)
+if(CORVANE_APPS OR CORVANE_TESTS)
+  find_package(CLI11 REQUIRED)
+  find_package(fmt REQUIRED)
+  find_package(nlohmann_json REQUIRED)
+endif()

@@ -1,0 +1,27 @@
+# How every target of this project is compiled.
+include(GNUInstallDirs)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
+endif()
+
+option(CORVANE_WARNINGS_AS_ERRORS "Stop at the first warning" ${PROJECT_IS_TOP_LEVEL})
+set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
+
+add_library(corvane-settings INTERFACE)
+target_compile_options(corvane-settings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wpedantic
+  $<$<BOOL:${CORVANE_WARNINGS_AS_ERRORS}>:-Werror>)
+target_include_directories(corvane-settings INTERFACE ${PROJECT_SOURCE_DIR})
+# File positions are 64 bits wide on every architecture.
+target_compile_definitions(corvane-settings INTERFACE _FILE_OFFSET_BITS=64)
+if(CORVANE_SANITIZE)
+  add_compile_options(-fsanitize=${CORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${CORVANE_SANITIZE})
+endif()

@@ -1,0 +1,61 @@
+#include "corvane/xml/XmlNode.h"
+
+#include "corvane/platform/RuntimeFailure.h"
+#include "corvane/xml/XmlNodeInternals.h"
+
+#include <cstring>
+
+namespace corvane {
+
+namespace {
+
+// Entities of a document type are never expanded and CDATA sections stay what they are.
+constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
+
+XmlNode parse(const void* bytes, std::size_t size, pugi::xml_encoding encoding) {
+    auto document = std::make_shared<pugi::xml_document>();
+    const pugi::xml_parse_result result = document->load_buffer(bytes, size, kParseOptions, encoding);
+    if (!result || !document->document_element()) {
+        throw RuntimeFailure(FailureNumber::ObjectDefined, "XML",
+                             std::string("The document is not well-formed: ") +
+                                 (result ? "it has no root element" : result.description()));
+    }
+    const pugi::xml_node root = document->document_element();
+    return Internals<XmlNode>::of(std::move(document), root);
+}
+
+} // namespace
+
+XmlNode XmlNode::fromText(std::string_view text) { return parse(text.data(), text.size(), pugi::encoding_utf8); }
+
+XmlNode XmlNode::fromBytes(Bytes document) { return parse(document.data(), document.size(), pugi::encoding_auto); }
+
+std::string XmlNode::baseName() const {
+    const char* name = pugi::xml_node(node_).name();
+    const char* colon = std::strrchr(name, ':');
+    return colon == nullptr ? name : colon + 1;
+}
+
+std::optional<std::string> XmlNode::attribute(const std::string& name) const {
+    const pugi::xml_attribute found = pugi::xml_node(node_).attribute(name.c_str());
+    return found ? std::optional<std::string>(found.value()) : std::nullopt;
+}
+
+std::string XmlNode::text() const { return pugi::xml_node(node_).text().get(); }
+
+XmlNode XmlNode::selectSingleNode(const std::string& xpath) const {
+    try {
+        const pugi::xml_node found = pugi::xml_node(node_).select_node(xpath.c_str()).node();
+        return found ? Internals<XmlNode>::of(document_, found) : XmlNode();
+    } catch (const pugi::xpath_exception& failure) {
+        throw RuntimeFailure(FailureNumber::ObjectDefined, "XML", failure.what());
+    }
+}
+
+std::string XmlNode::xml() const {
+    StringWriter writer;
+    pugi::xml_node(node_).print(writer, "", pugi::format_raw);
+    return std::move(writer.text);
+}
+
+} // namespace corvane

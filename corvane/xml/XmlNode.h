@@ -1,0 +1,53 @@
+// A node of an XML document, as hosts hand it in and get it out. It shares ownership of its document: the document
+// lives as long as any node of it does.
+#pragma once
+
+#include "corvane/platform/Bytes.h"
+#include "corvane/platform/Export.h"
+#include "corvane/platform/Internals.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pugi {
+class xml_document;
+struct xml_node_struct;
+} // namespace pugi
+
+namespace corvane {
+
+class CORVANE_EXPORT XmlNode {
+public:
+    // Nothing: no node at all.
+    XmlNode() = default;
+
+    // The root element of a document given as UTF-8 text; what its declaration says of an encoding is only a label.
+    // Fails with a RuntimeFailure when the text is no well-formed document.
+    static XmlNode fromText(std::string_view text);
+    // The root element of a document given as the bytes of a file, in the encoding that its byte-order mark or its
+    // declaration names (UTF-8 without them). Fails as fromText does.
+    static XmlNode fromBytes(Bytes document);
+
+    explicit operator bool() const { return node_ != nullptr; }
+
+    // The element's name without a namespace prefix; "" for nothing.
+    std::string baseName() const;
+    // The text of an attribute, or nothing when the element has none of that name.
+    std::optional<std::string> attribute(const std::string& name) const;
+    // The text directly inside the element.
+    std::string text() const;
+    // The first node that an XPath 1.0 expression selects from this node, or nothing.
+    XmlNode selectSingleNode(const std::string& xpath) const;
+    // The node as XML text, without a declaration.
+    std::string xml() const;
+
+private:
+    friend struct Internals<XmlNode>;
+
+    std::shared_ptr<const pugi::xml_document> document_;
+    pugi::xml_node_struct* node_ = nullptr;
+};
+
+} // namespace corvane

@@ -1,0 +1,78 @@
+#include "corvane/platform/FileReader.h"
+
+#include "corvane/platform/RuntimeFailure.h"
+
+#include "tests/support/ByteBuilder.h"
+#include "tests/support/ScratchFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+
+namespace corvane {
+namespace {
+
+using test::ScratchFolder;
+
+ByteArray counted(std::size_t size) {
+    ByteArray bytes(size);
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
+    return bytes;
+}
+
+std::int32_t failureOfOpening(const std::string& path) {
+    try {
+        FileReader reader(path);
+    } catch (const RuntimeFailure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+TEST(FileReader, EveryViewEqualsTheFile) {
+    const ScratchFolder folder;
+    const ByteArray content = counted(20'000);
+    FileReader reader(folder.write("f", content));
+    EXPECT_EQ(reader.size(), content.size());
+    for (const std::size_t offset : {0, 1, 4090, 4096, 10'000, 19'999, 100}) {
+        for (const std::size_t count : {0, 1, 10, 4096, 9'000}) {
+            const std::size_t expected = std::min(count, content.size() - offset);
+            const Bytes view = reader.view(offset, count);
+            ASSERT_EQ(view.size(), expected);
+            EXPECT_TRUE(std::equal(view.begin(), view.end(), content.begin() + static_cast<std::ptrdiff_t>(offset)));
+            EXPECT_EQ(reader.read(offset, count), ByteArray(view.begin(), view.end()));
+        }
+    }
+}
+
+TEST(FileReader, NothingIsReadPastTheEnd) {
+    const ScratchFolder folder;
+    FileReader reader(folder.write("f", counted(100)));
+    EXPECT_EQ(reader.view(90, 100).size(), 10U);
+    EXPECT_TRUE(reader.view(100, 1).empty());
+    EXPECT_TRUE(reader.view(UINT64_MAX, 1).empty());
+    EXPECT_TRUE(reader.read(UINT64_MAX, 1).empty());
+}
+
+TEST(FileReader, AnEmptyFileGivesNothing) {
+    const ScratchFolder folder;
+    FileReader reader(folder.write("f", {}));
+    EXPECT_TRUE(reader.view(0, 10).empty());
+}
+
+TEST(FileReader, AMissingFileFailsWithTheNumberOfTheSystem) {
+    const ScratchFolder folder;
+    EXPECT_EQ(failureOfOpening(folder.path("none")), ENOENT);
+}
+
+TEST(FileReader, WhatIsNoRegularFileIsRefusedAtOnce) {
+    const ScratchFolder folder;
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(failureOfOpening(folder.path()), EISDIR);
+    EXPECT_EQ(failureOfOpening(folder.path("pipe")), EINVAL);
+    EXPECT_EQ(failureOfOpening("/dev/null"), EINVAL);
+}
+
+} // namespace
+} // namespace corvane
