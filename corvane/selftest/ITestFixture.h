@@ -1,0 +1,37 @@
+// What a test manager and a test fixture know of each other.
+#pragma once
+
+#include "corvane/platform/Export.h"
+
+#include <memory>
+#include <string>
+
+namespace corvane {
+
+// The manager that runs fixtures and keeps their results; a host brings its own.
+class CORVANE_EXPORT ITestManager {
+public:
+    virtual ~ITestManager() = default;
+
+    // Records one check. `Condition` true: it passed; `Message` describes the failure.
+    virtual bool CheckCondition(bool Condition, const std::string& Message) = 0;
+    // Announces the next step.
+    virtual void StartStep(const std::string& Text) = 0;
+};
+
+class CORVANE_EXPORT ITestFixture {
+public:
+    virtual ~ITestFixture() = default;
+
+    // Takes the manager and the path of the host's project.
+    virtual void Setup(std::shared_ptr<ITestManager> manager, const std::string& vbpPath) = 0;
+    // Runs all steps. Failures are reported to the manager and never raised to it.
+    virtual void RunTest() = 0;
+    // Releases the manager.
+    virtual void TearDown() = 0;
+    virtual std::string Name() const = 0;
+    // Whether the manager shall go on with the next step after a failed check.
+    virtual bool ContinueAfterError() const = 0;
+};
+
+} // namespace corvane
