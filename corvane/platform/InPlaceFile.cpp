@@ -1,0 +1,86 @@
+#include "corvane/platform/InPlaceFile.h"
+
+#include "corvane/platform/FileSizeLimitGuard.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+namespace corvane {
+
+namespace {
+
+constexpr const char* kSource = "write";
+
+} // namespace
+
+InPlaceFile::InPlaceFile(const std::string& path)
+    : descriptor_(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
+    if (descriptor_ < 0) throw systemFailure(errno, "open");
+    struct stat status {};
+    const int problem = ::fstat(descriptor_, &status) == 0 ? 0 : errno;
+    if (problem != 0 || !S_ISREG(status.st_mode)) {
+        ::close(descriptor_);
+        if (problem != 0) throw systemFailure(problem, "open");
+        throw RuntimeFailure(EINVAL, "open", "Not a regular file");
+    }
+    size_ = static_cast<std::uint64_t>(status.st_size);
+}
+
+InPlaceFile::~InPlaceFile() { ::close(descriptor_); }
+
+ByteArray InPlaceFile::read(std::uint64_t offset, std::size_t count) const {
+    if (offset >= size_) return {};
+    ByteArray bytes(static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset)));
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const auto got =
+            ::pread(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) throw systemFailure(errno, "read");
+        if (got == 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    bytes.resize(done);
+    return bytes;
+}
+
+void InPlaceFile::write(std::uint64_t offset, Bytes bytes) {
+    const FileSizeLimitGuard guard;
+    const ByteArray old = read(offset, bytes.size());
+    int problem = put(offset, bytes);
+    if (problem == 0 && ::fdatasync(descriptor_) != 0) problem = errno;
+    if (problem == 0) return;
+    const int second = takeBack(offset, old, old.size() < bytes.size());
+    if (second == 0) throw systemFailure(problem, kSource);
+    throw RuntimeFailure(problem, kSource,
+                         std::generic_category().message(problem) +
+                             "; the change could not be taken back: " + std::generic_category().message(second));
+}
+
+// 0, or the errno value of what went wrong.
+int InPlaceFile::put(std::uint64_t offset, Bytes bytes) const {
+    while (!bytes.empty()) {
+        const auto written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        if (written == 0) return ENOSPC;
+        offset += static_cast<std::uint64_t>(written);
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+int InPlaceFile::takeBack(std::uint64_t offset, Bytes old, bool hasGrown) const {
+    if (!old.empty()) {
+        if (const int problem = put(offset, old); problem != 0) return problem;
+    }
+    return !hasGrown || ::ftruncate(descriptor_, static_cast<off_t>(size_)) == 0 ? 0 : errno;
+}
+
+} // namespace corvane

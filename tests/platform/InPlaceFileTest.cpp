@@ -1,0 +1,101 @@
+#include "corvane/platform/InPlaceFile.h"
+
+#include "corvane/platform/FileSizeLimitGuard.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include "tests/support/ByteBuilder.h"
+#include "tests/support/ScratchFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace corvane {
+namespace {
+
+using test::bytesOf;
+using test::contentOf;
+using test::ScratchFolder;
+
+// The process's file-size limit, lowered while this lives.
+class LoweredFileSizeLimit {
+public:
+    explicit LoweredFileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit lowered{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &lowered);
+    }
+    ~LoweredFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_{};
+};
+
+std::int32_t failureOf(const auto& body) {
+    try {
+        body();
+    } catch (const RuntimeFailure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+TEST(InPlaceFile, BytesAreWrittenOverOldOnesOrBehindTheLast) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", bytesOf("0123456789"));
+    InPlaceFile(path).write(3, bytesOf("abc"));
+    EXPECT_EQ(contentOf(path), bytesOf("012abc6789"));
+    InPlaceFile(path).write(10, bytesOf("xyz"));
+    EXPECT_EQ(contentOf(path), bytesOf("012abc6789xyz"));
+    EXPECT_EQ(InPlaceFile(path).read(10, 99), bytesOf("xyz"));
+    EXPECT_TRUE(InPlaceFile(path).read(13, 1).empty());
+}
+
+TEST(InPlaceFile, AFailedAppendIsCutBack) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(1000, 7));
+    const LoweredFileSizeLimit limit(1050);
+    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(1000, ByteArray(128, 1)); }), EFBIG);
+    EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
+}
+
+TEST(InPlaceFile, AFailedOverwriteBringsTheOldBytesBack) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(1000, 7));
+    const LoweredFileSizeLimit limit(950);
+    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(900, ByteArray(100, 1)); }), EFBIG);
+    EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
+}
+
+TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(10, 7));
+    const LoweredFileSizeLimit limit(10);
+    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(10, ByteArray(10, 1)); }), EFBIG);
+    sigset_t pending;
+    sigpending(&pending);
+    EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0);
+}
+
+TEST(InPlaceFile, WhatIsNoRegularFileIsRefusedAtOnce) {
+    const ScratchFolder folder;
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path()); }), EISDIR);
+    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path("pipe")); }), EINVAL);
+    EXPECT_EQ(failureOf([&] { InPlaceFile file("/dev/null"); }), EINVAL);
+    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path("none")); }), ENOENT);
+}
+
+TEST(InPlaceFile, ALinkIsFollowed) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", bytesOf("0123"));
+    ASSERT_EQ(::symlink(path.c_str(), folder.path("link").c_str()), 0);
+    InPlaceFile(folder.path("link")).write(4, bytesOf("4"));
+    EXPECT_EQ(contentOf(path), bytesOf("01234"));
+}
+
+} // namespace
+} // namespace corvane
