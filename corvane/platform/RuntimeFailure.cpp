@@ -19,4 +19,8 @@ RuntimeFailure systemFailure(int errorNumber, std::string source) {
 
 RuntimeFailure overflowFailure(std::string source) { return {FailureNumber::Overflow, std::move(source), "Overflow"}; }
 
+RuntimeFailure typeMismatchFailure(std::string source) {
+    return {FailureNumber::TypeMismatch, std::move(source), "Type mismatch"};
+}
+
 } // namespace corvane

@@ -14,6 +14,7 @@ enum class FailureNumber : std::int32_t {
     Overflow = 6,               // a value does not fit its published width
     SubscriptOutOfRange = 9,    // an index lies outside its table
     TypeMismatch = 13,          // a text is not the number that it should be
+    BadRecordNumber = 63,       // a position lies outside the file
     ObjectNotSet = 91,          // an object reference that is not set was used
     DuplicateKey = 457,         // a key is already associated with an element of the collection
     ObjectDefined = -2147221504 // 0x80040000, the base of the numbers that objects define themselves
@@ -45,5 +46,8 @@ RuntimeFailure systemFailure(int errorNumber, std::string source);
 
 // The failure of a value that does not fit its published width.
 RuntimeFailure overflowFailure(std::string source);
+
+// The failure of a text that is not the number that it should be.
+RuntimeFailure typeMismatchFailure(std::string source);
 
 } // namespace corvane
