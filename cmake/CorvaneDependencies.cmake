@@ -10,3 +10,5 @@ if(CORVANE_APPS OR CORVANE_TESTS)
   find_package(fmt REQUIRED)
   find_package(nlohmann_json REQUIRED)
 endif()
+# The system's Python, for which the Debian packages of the test scripts are made: another one may stand first on PATH.
+find_program(CORVANE_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
