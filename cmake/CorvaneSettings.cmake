@@ -18,7 +18,12 @@ set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
 add_library(corvane-settings INTERFACE)
 target_compile_options(corvane-settings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wpedantic
   $<$<BOOL:${CORVANE_WARNINGS_AS_ERRORS}>:-Werror>)
-target_include_directories(corvane-settings INTERFACE ${PROJECT_SOURCE_DIR})
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # g++ 12 takes joined strings for overlapping ones (GCC bug 105651).
+  target_compile_options(corvane-settings INTERFACE -Wno-restrict)
+endif()
+set(CORVANE_GENERATED_DIR ${PROJECT_BINARY_DIR}/generated)
+target_include_directories(corvane-settings INTERFACE ${PROJECT_SOURCE_DIR} ${CORVANE_GENERATED_DIR})
 # File positions are 64 bits wide on every architecture.
 target_compile_definitions(corvane-settings INTERFACE _FILE_OFFSET_BITS=64)
 if(CORVANE_SANITIZE)

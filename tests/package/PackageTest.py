@@ -1,0 +1,97 @@
+#!/usr/bin/python3
+"""The installed tree is all that a host needs: headers that stand alone, a CMake package and a pkg-config file.
+
+    PackageTest.py BUILD_FOLDER VERSION CXX_COMPILER
+"""
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+CONSUMER = Path(__file__).resolve().parent / "consumer"
+BUILD, VERSION, COMPILER = Path(sys.argv[1]), sys.argv[2], sys.argv[3]
+INCLUDE = re.compile(r'^\s*#\s*include\s*["<]([^">]+)[">]', re.MULTILINE)
+STANDARD_HEADER = re.compile(r"[a-z_]+")
+
+
+def run(*command, **options):
+    done = subprocess.run([str(word) for word in command], capture_output=True, text=True, check=False, **options)
+    if done.returncode != 0:
+        raise AssertionError(f"{' '.join(map(str, command))}\n{done.stdout}{done.stderr}")
+    return done.stdout
+
+
+class Package(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        scratch = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(scratch.cleanup)
+        cls.scratch = Path(scratch.name)
+        cls.prefix = cls.scratch / "prefix"
+        run("cmake", "--install", BUILD, "--prefix", cls.prefix)
+        cls.include = cls.prefix / "include"
+        cls.libraries = next(cls.prefix.rglob("libcorvane.so")).parent
+        cls.headers = sorted(str(path.relative_to(cls.include)) for path in cls.include.rglob("*.h"))
+        cls.environment = dict(os.environ, LD_LIBRARY_PATH=str(cls.libraries),
+                               PKG_CONFIG_PATH=str(cls.libraries / "pkgconfig"))
+
+    def included_by(self, header):
+        return set(INCLUDE.findall((self.include / header).read_text(encoding="utf-8")))
+
+    def test_every_header_compiles_on_its_own(self):
+        self.assertIn("corvane/core/TagError.h", self.headers)
+
+        def compile_alone(header):
+            source = self.scratch / (header.replace("/", "_") + ".cpp")
+            source.write_text(f'#include "{header}"\n', encoding="utf-8")
+            run(COMPILER, "-std=c++20", "-fsyntax-only", "-Wall", "-Wextra", "-Werror", "-I", self.include, source)
+
+        with ThreadPoolExecutor(os.cpu_count()) as pool:
+            list(pool.map(compile_alone, self.headers))
+
+    def test_headers_include_only_the_standard_library_and_each_other(self):
+        for header in self.headers:
+            for included in self.included_by(header):
+                with self.subTest(header=header, included=included):
+                    self.assertTrue(STANDARD_HEADER.fullmatch(included) or included in self.headers)
+
+    def test_no_header_of_the_inside_is_installed(self):
+        self.assertEqual([header for header in self.headers if re.search(r"\wInternals\.h$", header)], [])
+
+    def test_the_umbrella_reaches_every_header(self):
+        reached, waiting = set(), {"corvane/corvane.h"}
+        while waiting:
+            header = waiting.pop()
+            reached.add(header)
+            waiting |= {name for name in self.included_by(header) if name in self.headers} - reached
+        self.assertEqual(sorted(reached), self.headers)
+
+    def test_a_cmake_project_finds_the_package(self):
+        build = self.scratch / "with-cmake"
+        run("cmake", "-S", CONSUMER, "-B", build, f"-DCMAKE_PREFIX_PATH={self.prefix}",
+            f"-DCMAKE_CXX_COMPILER={COMPILER}", f"-DEXPECTED_VERSION={VERSION}")
+        run("cmake", "--build", build)
+        self.assertEqual(run(build / "consumer"), f"{VERSION} read\n")
+
+    def test_a_makefile_finds_the_package_with_pkg_config(self):
+        def ask(*question):
+            return run("pkg-config", *question, "corvane", env=self.environment).split()
+
+        self.assertEqual(ask("--modversion"), [VERSION])
+        program = self.scratch / "with-pkg-config"
+        run(COMPILER, "-std=c++20", CONSUMER / "main.cpp", *ask("--cflags", "--libs"), "-o", program)
+        self.assertEqual(run(program, env=self.environment), f"{VERSION} read\n")
+
+    def test_the_library_hides_what_is_not_published(self):
+        names = run("nm", "--dynamic", "--defined-only", "--demangle", self.libraries / "libcorvane.so")
+        self.assertIn("corvane::XmlNode::fromText", names)
+        self.assertNotIn("corvane::FileReader", names)
+        self.assertNotIn("corvane::appendProperty", names)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
