@@ -1,0 +1,44 @@
+# The whole of Corvane by one word each; `make help` lists the words.
+SHELL := /bin/bash
+.SHELLFLAGS := -euo pipefail -c
+.DEFAULT_GOAL := help
+.PHONY: help packages run test asan fuzz tsan coverage bench format tidy clean
+
+export CTEST_PARALLEL_LEVEL ?= $(shell nproc)
+
+help: ## list these words
+	@sed -nE 's/^([a-z]+):.*## (.*)/  make \1\t\2/p' $(MAKEFILE_LIST) | expand -t 18
+
+packages:
+	@tools/install-packages
+
+run: packages ## build, and show everything that is inside a sample file
+	@cmake --preset release
+	@cmake --build --preset release --target tour corvane-cli
+	@build/release/apps/cli/corvane show build/release/examples/tour.mp3
+
+test: packages ## build and run all tests, the unit tests under sanitizers once more, and the fuzz targets for a moment
+	cmake --workflow --preset dev
+	cmake --workflow --preset asan
+	cmake --workflow --preset fuzz
+
+tsan: packages ## the unit tests under ThreadSanitizer
+	cmake --workflow --preset tsan
+
+coverage: packages ## the tests with a table of the lines that they reach
+	cmake --workflow --preset coverage
+	tools/coverage build/coverage
+
+bench: packages ## build the benchmarks and print their table
+	cmake --preset release
+	cmake --build --preset release
+	tools/bench-table build/release
+
+format: packages ## format every C++ file
+	tools/format
+
+tidy: packages ## run clang-tidy
+	tools/tidy
+
+clean: ## remove everything that was built
+	rm -rf build
