@@ -20,11 +20,15 @@ std::string_view withoutBlanks(std::string_view text) {
 
 } // namespace
 
+std::optional<std::string> findPropertyAttribute(const XmlNode& element, std::string_view name,
+                                                 const std::string& attribute) {
+    return element.selectSingleNode("./Properties/Property[@Name = '" + std::string(name).append("']"))
+        .attribute(attribute);
+}
+
 std::string propertyAttribute(const XmlNode& element, std::string_view name, const std::string& attribute,
                               const char* source) {
-    const XmlNode property =
-        element.selectSingleNode("./Properties/Property[@Name = '" + std::string(name).append("']"));
-    auto text = property.attribute(attribute);
+    auto text = findPropertyAttribute(element, name, attribute);
     if (!text) {
         throw RuntimeFailure(FailureNumber::ObjectNotSet, source,
                              std::string("The document has no \"")

@@ -4,13 +4,18 @@
 #include "corvane/xml/XmlNode.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace corvane {
 
-// The text of an attribute of an element's first "Property" with this name, which holds no apostrophe. Fails with
-// ObjectNotSet when there is no such property or attribute. `source` is the source of the failure.
+// The text of an attribute of an element's first "Property" with this name, which holds no apostrophe; nothing when
+// there is no such property or attribute.
+std::optional<std::string> findPropertyAttribute(const XmlNode& element, std::string_view name,
+                                                 const std::string& attribute);
+
+// The same text; fails with ObjectNotSet when there is none. `source` is the source of the failure.
 std::string propertyAttribute(const XmlNode& element, std::string_view name, const std::string& attribute,
                               const char* source);
 

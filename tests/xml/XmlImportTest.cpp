@@ -70,6 +70,14 @@ TEST(PropertyAttribute, IsThatOfTheFirstPropertyWithTheName) {
 
 TEST(PropertyAttribute, AnEmptyTextIsAText) { EXPECT_EQ(propertyAttribute(document(), "Empty", "Value", kSource), ""); }
 
+TEST(PropertyAttribute, CanBeLookedForWithoutAFailure) {
+    EXPECT_EQ(findPropertyAttribute(document(), "A", "Value"), "first");
+    EXPECT_EQ(findPropertyAttribute(document(), "Empty", "Value"), "");
+    EXPECT_FALSE(findPropertyAttribute(document(), "NoValue", "Value"));
+    EXPECT_FALSE(findPropertyAttribute(document(), "B", "Value"));
+    EXPECT_FALSE(findPropertyAttribute(XmlNode(), "A", "Value"));
+}
+
 TEST(PropertyAttribute, AMissingPropertyOrAttributeIsAnObjectThatIsNotSet) {
     for (const char* name : {"B", "a", "NoValue", "Outside", ""}) {
         EXPECT_EQ(failureOf([&] { propertyAttribute(document(), name, "Value", kSource); }), kObjectNotSet) << name;
