@@ -1,8 +1,7 @@
 #include "corvane/platform/FileReader.h"
 
-#include "corvane/platform/RuntimeFailure.h"
-
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/Failures.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -15,24 +14,13 @@ namespace {
 
 using test::ScratchFolder;
 
-ByteArray counted(std::size_t size) {
-    ByteArray bytes(size);
-    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
-    return bytes;
-}
-
 std::int32_t failureOfOpening(const std::string& path) {
-    try {
-        FileReader reader(path);
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
+    return test::failureNumberOf([&] { FileReader reader(path); });
 }
 
 TEST(FileReader, EveryViewEqualsTheFile) {
     const ScratchFolder folder;
-    const ByteArray content = counted(20'000);
+    const ByteArray content = test::countedBytes(20'000);
     FileReader reader(folder.write("f", content));
     EXPECT_EQ(reader.size(), content.size());
     for (const std::size_t offset : {0, 1, 4090, 4096, 10'000, 19'999, 100}) {
@@ -48,7 +36,7 @@ TEST(FileReader, EveryViewEqualsTheFile) {
 
 TEST(FileReader, NothingIsReadPastTheEnd) {
     const ScratchFolder folder;
-    FileReader reader(folder.write("f", counted(100)));
+    FileReader reader(folder.write("f", test::countedBytes(100)));
     EXPECT_EQ(reader.view(90, 100).size(), 10U);
     EXPECT_TRUE(reader.view(100, 1).empty());
     EXPECT_TRUE(reader.view(UINT64_MAX, 1).empty());

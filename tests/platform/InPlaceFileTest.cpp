@@ -1,13 +1,12 @@
 #include "corvane/platform/InPlaceFile.h"
 
-#include "corvane/platform/FileSizeLimitGuard.h"
-#include "corvane/platform/RuntimeFailure.h"
-
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/Failures.h"
+#include "tests/support/Process.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,30 +17,8 @@ namespace {
 
 using test::bytesOf;
 using test::contentOf;
+using test::failureNumberOf;
 using test::ScratchFolder;
-
-// The process's file-size limit, lowered while this lives.
-class LoweredFileSizeLimit {
-public:
-    explicit LoweredFileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit lowered{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &lowered);
-    }
-    ~LoweredFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-private:
-    rlimit before_{};
-};
-
-std::int32_t failureOf(const auto& body) {
-    try {
-        body();
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(InPlaceFile, BytesAreWrittenOverOldOnesOrBehindTheLast) {
     const ScratchFolder folder;
@@ -57,24 +34,24 @@ TEST(InPlaceFile, BytesAreWrittenOverOldOnesOrBehindTheLast) {
 TEST(InPlaceFile, AFailedAppendIsCutBack) {
     const ScratchFolder folder;
     const std::string path = folder.write("f", ByteArray(1000, 7));
-    const LoweredFileSizeLimit limit(1050);
-    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(1000, ByteArray(128, 1)); }), EFBIG);
+    const test::LoweredFileSizeLimit limit(1050);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).write(1000, ByteArray(128, 1)); }), EFBIG);
     EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
 }
 
 TEST(InPlaceFile, AFailedOverwriteBringsTheOldBytesBack) {
     const ScratchFolder folder;
     const std::string path = folder.write("f", ByteArray(1000, 7));
-    const LoweredFileSizeLimit limit(950);
-    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(900, ByteArray(100, 1)); }), EFBIG);
+    const test::LoweredFileSizeLimit limit(950);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).write(900, ByteArray(100, 1)); }), EFBIG);
     EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
 }
 
 TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {
     const ScratchFolder folder;
     const std::string path = folder.write("f", ByteArray(10, 7));
-    const LoweredFileSizeLimit limit(10);
-    EXPECT_EQ(failureOf([&] { InPlaceFile(path).write(10, ByteArray(10, 1)); }), EFBIG);
+    const test::LoweredFileSizeLimit limit(10);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).write(10, ByteArray(10, 1)); }), EFBIG);
     sigset_t pending;
     sigpending(&pending);
     EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0);
@@ -83,10 +60,10 @@ TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {
 TEST(InPlaceFile, WhatIsNoRegularFileIsRefusedAtOnce) {
     const ScratchFolder folder;
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path()); }), EISDIR);
-    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path("pipe")); }), EINVAL);
-    EXPECT_EQ(failureOf([&] { InPlaceFile file("/dev/null"); }), EINVAL);
-    EXPECT_EQ(failureOf([&] { InPlaceFile file(folder.path("none")); }), ENOENT);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile file(folder.path()); }), EISDIR);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile file(folder.path("pipe")); }), EINVAL);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile file("/dev/null"); }), EINVAL);
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile file(folder.path("none")); }), ENOENT);
 }
 
 TEST(InPlaceFile, ALinkIsFollowed) {

@@ -44,6 +44,12 @@ ByteArray bytesOf(std::string_view characters) { return ByteBuilder().text(chara
 
 std::string textOf(Bytes bytes) { return {bytes.begin(), bytes.end()}; }
 
+ByteArray countedBytes(std::size_t size) {
+    ByteArray bytes(size);
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
+    return bytes;
+}
+
 ByteArray joined(std::initializer_list<Bytes> parts) {
     ByteBuilder whole;
     for (const Bytes part : parts) whole.bytes(part);

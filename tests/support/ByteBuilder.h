@@ -29,6 +29,8 @@ private:
 
 ByteArray bytesOf(std::string_view characters);
 std::string textOf(Bytes bytes);
+// `size` bytes that differ from their neighbours and from block to block.
+ByteArray countedBytes(std::size_t size);
 ByteArray joined(std::initializer_list<Bytes> parts);
 
 } // namespace corvane::test

@@ -28,9 +28,11 @@ std::string ScratchFolder::write(const std::string& name, Bytes bytes) const {
     return file;
 }
 
-std::vector<std::string> ScratchFolder::names() const {
+std::vector<std::string> ScratchFolder::names() const { return namesIn(path_.string()); }
+
+std::vector<std::string> namesIn(const std::string& folder) {
     std::vector<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
         found.push_back(entry.path().filename().string());
     std::sort(found.begin(), found.end());
     return found;
@@ -40,6 +42,12 @@ ByteArray contentOf(const std::string& path) {
     std::ifstream stream(path, std::ios::binary);
     if (!stream) throw std::runtime_error("cannot read " + path);
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+struct stat statusOf(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) throw std::runtime_error("no file " + path);
+    return status;
 }
 
 } // namespace corvane::test

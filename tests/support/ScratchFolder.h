@@ -3,6 +3,8 @@
 
 #include "corvane/platform/Bytes.h"
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -27,7 +29,13 @@ private:
     std::filesystem::path path_;
 };
 
+// Names of what a folder holds, sorted.
+std::vector<std::string> namesIn(const std::string& folder);
+
 // A file's whole content; throws when it cannot be read.
 ByteArray contentOf(const std::string& path);
+
+// A file's status, links not followed; throws when there is none.
+struct stat statusOf(const std::string& path);
 
 } // namespace corvane::test
