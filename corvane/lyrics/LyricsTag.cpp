@@ -85,7 +85,8 @@ void LyricsTag::Load(FileReader& file, bool HasID3v1) {
     }
 }
 
-// The first 11 bytes are skipped whether or not they are "LYRICSBEGIN".
+// Two things differ from other readers on purpose, and hosts rely on both: the first 11 bytes are skipped whether or
+// not they are "LYRICSBEGIN", and a second field of one ID ends the loading.
 void LyricsTag::split(Bytes body) {
     ByteReader rest = readerAt(body, kLyricsBeginSize);
     while (rest.left() > 0) {
