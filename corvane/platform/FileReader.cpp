@@ -54,14 +54,18 @@ Bytes FileReader::view(std::uint64_t offset, std::size_t count) {
     if (moving_.holds(offset, count)) return moving_.part(offset, count);
 
     std::span<std::uint8_t> target = movingBytes_;
+    std::uint64_t start = offset;
     if (count > kBlockSize) {
         large_.resize(std::max(large_.size(), count));
         target = std::span(large_).first(count);
+    } else if (size() >= kBlockSize) {
+        // The block that reaches the end is the file's last one, so that everything that stands there comes at once.
+        start = std::min(offset, size() - kBlockSize);
     }
-    target = target.first(clipped(offset, target.size()));
+    target = target.first(clipped(start, target.size()));
     moving_ = {};
-    moving_ = {offset, target.first(readInto(offset, target))};
-    return moving_.part(offset, std::min(count, moving_.bytes.size()));
+    moving_ = {start, target.first(readInto(start, target))};
+    return moving_.partFrom(offset, count);
 }
 
 ByteArray FileReader::read(std::uint64_t offset, std::size_t count) {

@@ -7,8 +7,11 @@
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/FileIdentity.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace corvane {
@@ -43,6 +46,11 @@ private:
         }
         Bytes part(std::uint64_t from, std::size_t count) const {
             return bytes.subspan(static_cast<std::size_t>(from - offset), count);
+        }
+        // What there is of the same part: the file may have been cut while it is being read.
+        Bytes partFrom(std::uint64_t from, std::size_t count) const {
+            const auto skipped = static_cast<std::size_t>(std::min<std::uint64_t>(from - offset, bytes.size()));
+            return bytes.subspan(skipped, std::min(count, bytes.size() - skipped));
         }
     };
 

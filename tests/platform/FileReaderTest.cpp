@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -41,6 +42,18 @@ TEST(FileReader, NothingIsReadPastTheEnd) {
     EXPECT_TRUE(reader.view(100, 1).empty());
     EXPECT_TRUE(reader.view(UINT64_MAX, 1).empty());
     EXPECT_TRUE(reader.read(UINT64_MAX, 1).empty());
+}
+
+TEST(FileReader, AFileThatIsCutWhileItIsReadGivesWhatIsLeft) {
+    const ScratchFolder folder;
+    const ByteArray content = test::countedBytes(20'000);
+    const std::string path = folder.write("f", content);
+    FileReader reader(path);
+    ASSERT_EQ(::truncate(path.c_str(), 10'010), 0);
+    EXPECT_EQ(reader.view(10'000, 100).size(), 10U);
+    EXPECT_TRUE(reader.view(19'990, 10).empty());
+    EXPECT_TRUE(reader.view(12'000, 8'000).empty());
+    EXPECT_EQ(reader.read(10'000, 100).size(), 10U);
 }
 
 TEST(FileReader, AnEmptyFileGivesNothing) {
