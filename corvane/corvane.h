@@ -12,6 +12,7 @@
 #include "corvane/lyrics/ELyricsVersionConstants.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/lyrics/LyricsV200Field.h"
+#include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/MessageBox.h"
 #include "corvane/platform/Picture.h"

@@ -31,7 +31,8 @@ std::size_t xingOffset(HeaderWord header);
 // The Xing header of the frame whose bytes these are; nothing when there is none, or when fewer than 14 of its bytes
 // are there. Bytes 15 and 16, where missing, count as 0.
 //
-// The audio size is read only beside a frame count, although its own flag stands for it; hosts rely on that.
+// The audio size is read only beside a frame count, although its own flag stands for it; and encoders' other notes, an
+// "Info" or a VBRI header, are none, so that such a file counts as one of a constant bit rate. Hosts rely on both.
 std::optional<XingHeader> readXingHeader(Bytes frame, HeaderWord header);
 
 } // namespace corvane
