@@ -1,0 +1,109 @@
+#include "corvane/id3v2/TagFrames.h"
+
+#include "corvane/id3v2/Inflate.h"
+#include "corvane/id3v2/Unsynchronisation.h"
+#include "corvane/platform/ByteReader.h"
+#include "corvane/platform/FileReader.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace corvane {
+
+namespace {
+
+constexpr const char* kSource = "ID3v2 frame";
+
+// Up to so many frames a plain search beats every index.
+constexpr std::size_t kFewFrames = 64;
+
+constexpr std::uint64_t sortKey(FrameId id, std::size_t index) { return std::uint64_t{id.code} << 32 | index; }
+constexpr std::uint32_t indexOf(std::uint64_t key) { return static_cast<std::uint32_t>(key); }
+constexpr std::uint32_t codeOf(std::uint64_t key) { return static_cast<std::uint32_t>(key >> 32); }
+
+Bytes part(Bytes bytes, const FrameRecord& record) {
+    return readerAt(bytes, static_cast<std::size_t>(record.offset)).take(record.size).value_or(Bytes{});
+}
+
+ByteArray readUnchanged(const std::string& path, const FileIdentity& identity, const FrameRecord& record) {
+    FileReader file(path);
+    if (file.identity() != identity) throw RuntimeFailure(ESTALE, kSource, "The file was changed since it was read.");
+    ByteArray bytes = file.read(record.offset, record.size);
+    if (bytes.size() != record.size) throw RuntimeFailure(EIO, kSource, "The file was cut while it was read.");
+    return bytes;
+}
+
+} // namespace
+
+const FrameRecord* TagFrames::at(std::size_t index) const {
+    return index < firsts_.size() ? &records_[firsts_[index]] : nullptr;
+}
+
+const FrameRecord* TagFrames::find(FrameId id) const {
+    if (sorted_.empty()) {
+        const auto found = std::find_if(records_.begin(), records_.end(), [id](const auto& r) { return r.id == id; });
+        return found == records_.end() ? nullptr : &*found;
+    }
+    const auto found = std::lower_bound(sorted_.begin(), sorted_.end(), sortKey(id, 0));
+    return found == sorted_.end() || codeOf(*found) != id.code ? nullptr : &records_[indexOf(*found)];
+}
+
+std::string TagFrames::list() const {
+    std::string list;
+    list.reserve(records_.size() * 5);
+    for (const FrameRecord& record : records_) list.append(record.id.text()).push_back(';');
+    return list;
+}
+
+Bytes TagFrames::bytesInMemory(const FrameRecord& record) const {
+    return part(record.place == FramePlace::Body ? body_ : gathered_, record);
+}
+
+Payload TagFrames::payload(const FrameRecord& record) const {
+    const bool isInFile = record.place == FramePlace::File;
+    auto payload = undone(isInFile ? Payload(readUnchanged(path_, identity_, record)) : bytesInMemory(record), record);
+    if (!payload) throw RuntimeFailure(EBADMSG, kSource, "The frame cannot be inflated.");
+    return std::move(*payload);
+}
+
+// A crafted tag may hold hundreds of thousands of IDs, so that comparing each with each, or hashing, could be made to
+// take minutes; sorting cannot.
+void TagFrames::buildKeys() {
+    firsts_.reserve(records_.size());
+    if (records_.size() <= kFewFrames) {
+        for (std::uint32_t i = 0; i < records_.size(); ++i) {
+            if (find(records_[i].id) == &records_[i]) firsts_.push_back(i);
+        }
+        return;
+    }
+    std::vector<std::uint64_t> keys(records_.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) keys[i] = sortKey(records_[i].id, i);
+    std::sort(keys.begin(), keys.end());
+    const auto sameId = [](std::uint64_t a, std::uint64_t b) { return codeOf(a) == codeOf(b); };
+    keys.erase(std::unique(keys.begin(), keys.end(), sameId), keys.end());
+    for (const std::uint64_t key : keys) firsts_.push_back(indexOf(key));
+    std::sort(firsts_.begin(), firsts_.end());
+    sorted_ = std::move(keys);
+}
+
+std::shared_ptr<const TagFrames> noFrames() {
+    static const auto none = std::make_shared<const TagFrames>();
+    return none;
+}
+
+std::optional<Payload> undone(Payload raw, const FrameRecord& record) {
+    if (record.unsynchronised) {
+        ByteArray bytes(raw.bytes().begin(), raw.bytes().end());
+        undoUnsynchronisation(bytes);
+        raw = Payload(std::move(bytes));
+    }
+    if (record.compressed) {
+        auto bytes = inflated(raw.bytes(), record.inflatedSize);
+        if (!bytes) return std::nullopt;
+        raw = Payload(std::move(*bytes));
+    }
+    return raw;
+}
+
+} // namespace corvane

@@ -1,0 +1,91 @@
+// The frames of one tag: what the published tag and frame objects of all versions share and keep alive.
+//
+// The records stand in one array. Small payloads are gathered in one buffer when the tag is loaded, and so is text up
+// to 64 KB. Larger payloads, such as pictures, stay in the file and are read when somebody asks, from the same file in
+// the same state: a file that was changed, replaced or removed since is a failure, never other bytes. The frames of an
+// unsynchronised tag, which has to be read whole, stay in its body.
+#pragma once
+
+#include "corvane/id3v2/FrameId.h"
+#include "corvane/platform/Bytes.h"
+#include "corvane/platform/FileIdentity.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+enum class FramePlace : std::uint8_t { Gathered, Body, File };
+
+struct FrameRecord {
+    FrameId id;
+    std::uint32_t size = 0;        // bytes at `offset`
+    std::uint64_t offset = 0;      // from the start of its place
+    std::int32_t inflatedSize = 0; // bytes, as claimed
+    FramePlace place = FramePlace::Gathered;
+    bool encrypted = false;
+    bool unsynchronised = false; // the bytes at `offset` are still to be undone
+    bool compressed = false;     // the bytes at `offset` are still to be inflated
+};
+
+// The bytes of a payload: a view into the tag, or bytes read for the purpose. A view is good as long as the tag is.
+class Payload {
+public:
+    Payload(Bytes view) : view_(view) {}                                  // NOLINT: either kind of bytes is a payload
+    Payload(ByteArray owned) : owned_(std::move(owned)), view_(owned_) {} // NOLINT
+    Payload(Payload&&) noexcept = default; // a moved vector keeps its bytes where they are
+    Payload& operator=(Payload&&) noexcept = default;
+
+    Bytes bytes() const { return view_; }
+
+private:
+    ByteArray owned_;
+    Bytes view_;
+};
+
+class TagFrames {
+public:
+    // Every frame in file order, also a second one of the same ID.
+    std::span<const FrameRecord> all() const { return records_; }
+    // The collection keyed by ID: the first frame of each ID, in file order.
+    std::size_t count() const { return firsts_.size(); }
+    const FrameRecord* at(std::size_t index) const; // from 0; nullptr past the end
+    const FrameRecord* find(FrameId id) const;      // nullptr when there is none
+    // Every frame's ID in file order, each followed by ";".
+    std::string list() const;
+
+    // The payload of a record of this tag. Fails when it stands in the file and that is no longer the one it was.
+    Payload payload(const FrameRecord& record) const;
+
+    std::uint64_t paddingSize() const { return paddingSize_; } // as the walk gives it
+
+private:
+    friend class FrameGatherer;
+
+    void buildKeys();
+    Bytes bytesInMemory(const FrameRecord& record) const;
+
+    std::vector<FrameRecord> records_;
+    std::vector<std::uint32_t> firsts_; // indices of the first record of each ID
+    std::vector<std::uint64_t> sorted_; // ID and index of each first record, ascending; only when there are many
+    ByteArray gathered_;
+    ByteArray body_;
+    std::string path_;
+    FileIdentity identity_;
+    std::uint64_t paddingSize_ = 0;
+};
+
+// A tag without frames.
+std::shared_ptr<const TagFrames> noFrames();
+
+// The payload behind a record's bytes, which may be unsynchronised and compressed; nothing when they cannot be
+// inflated.
+std::optional<Payload> undone(Payload raw, const FrameRecord& record);
+
+} // namespace corvane
