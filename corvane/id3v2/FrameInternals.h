@@ -1,0 +1,34 @@
+// How the readers make the frame objects that they hand out.
+#pragma once
+
+#include "corvane/id3v2/ID3V22Frame.h"
+#include "corvane/id3v2/ID3V23Frame.h"
+#include "corvane/id3v2/ID3V24Frame.h"
+
+#include <memory>
+#include <utility>
+
+namespace corvane {
+
+template <>
+struct Internals<ID3V22Frame> {
+    static std::shared_ptr<ID3V22Frame> make(std::shared_ptr<const TagFrames> tag, const FrameRecord* record) {
+        return std::shared_ptr<ID3V22Frame>(new ID3V22Frame(std::move(tag), record));
+    }
+};
+
+template <>
+struct Internals<ID3V23Frame> {
+    static std::shared_ptr<ID3V23Frame> make(std::shared_ptr<const TagFrames> tag, const FrameRecord* record) {
+        return std::shared_ptr<ID3V23Frame>(new ID3V23Frame(std::move(tag), record));
+    }
+};
+
+template <>
+struct Internals<ID3V24Frame> {
+    static std::shared_ptr<ID3V24Frame> make(std::shared_ptr<const TagFrames> tag, const FrameRecord* record) {
+        return std::shared_ptr<ID3V24Frame>(new ID3V24Frame(std::move(tag), record));
+    }
+};
+
+} // namespace corvane

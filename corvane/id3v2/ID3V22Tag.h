@@ -1,0 +1,60 @@
+// An ID3v2.2 tag as read by the library's own parser. Read only; made by ID3V2Tag.
+#pragma once
+
+#include "corvane/core/TagError.h"
+#include "corvane/core/cError.h"
+#include "corvane/id3v2/ID3V22Frame.h"
+#include "corvane/platform/Export.h"
+#include "corvane/platform/Internals.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+class FileReader;
+class TagFrames;
+struct ID3V2Header;
+
+class CORVANE_EXPORT ID3V22Tag {
+public:
+    ID3V22Tag();
+
+    // Every frame ID in file order, each followed by ";". A second frame of the same ID is listed too.
+    std::string FrameList() const;
+    // Number of frames in the collection, which keeps the first frame of each ID.
+    std::int32_t FrameCount() const;
+    // The frame kept under that ID, or nothing. Each call gives a new view of the same frame.
+    std::shared_ptr<ID3V22Frame> GetFrameByID(std::string_view FrameID) const;
+    // The frame at that place of the collection (from 1), or nothing.
+    std::shared_ptr<ID3V22Frame> GetFrameByIndex(std::int32_t Index) const;
+    // The text of the frame kept under that ID; "" without one, or when it can no longer be read (see LastError).
+    std::string GetText(std::string_view FrameID) const;
+
+    std::string Artist() const; // TP1
+    std::string Album() const;  // TAL
+    std::string Title() const;  // TT2
+    std::string Genre() const;  // TCO, as it stands
+    std::string Track() const;  // TRK
+    std::string Year() const;   // TYE
+
+    // Tags of this version are read only: always false, and LastError says so.
+    bool removeTag();
+    bool canSave();
+    bool saveTag();
+
+    std::shared_ptr<TagError> LastError() const;
+
+private:
+    friend struct Internals<ID3V22Tag>;
+    bool loadFromFile(FileReader& file, const std::string& fileName, std::int64_t fileLength,
+                      std::int64_t startPosition, const ID3V2Header& header);
+    std::shared_ptr<cError> getErrorRecord() const { return error_; }
+
+    std::shared_ptr<const TagFrames> frames_;
+    std::shared_ptr<cError> error_;
+};
+
+} // namespace corvane

@@ -1,0 +1,80 @@
+#include "corvane/id3v2/ID3V2TagXml.h"
+
+#include "corvane/id3v2/FrameText.h"
+#include "corvane/platform/ByteReader.h"
+#include "corvane/platform/Utf.h"
+#include "corvane/xml/XmlLayout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane {
+
+namespace {
+
+constexpr FrameId kPicture("APIC");
+
+struct FrameName {
+    FrameId id;
+    const char* name;
+    bool inVersion24; // whether the reader of that version has the predicate
+};
+constexpr std::array<FrameName, 12> kNames{{
+    {"TALB", "Album", true},
+    {"TAL", "Album", false},
+    {"TPE1", "Artist", true},
+    {"TP1", "Artist", false},
+    {"TCON", "Genre", true},
+    {"TCO", "Genre", false},
+    {"TIT2", "Title", true},
+    {"TT2", "Title", false},
+    {"TRCK", "Track", false},
+    {"COMM", "Comment", true},
+    {"TYER", "Year", false},
+    {"TYE", "Year", false},
+}};
+
+const char* nameOf(FrameId id, unsigned majorVersion) {
+    const auto found = std::find_if(kNames.begin(), kNames.end(), [id](const auto& row) { return row.id == id; });
+    return found == kNames.end() || (majorVersion == 4 && !found->inVersion24) ? nullptr : found->name;
+}
+
+// Bytes assigned to a string, as the automation hosts do it: each two bytes are one UTF-16 unit, low byte first. An odd
+// last byte has no unit and is dropped.
+std::string textOfUnits(Bytes bytes) {
+    std::u16string units;
+    units.reserve(bytes.size() / 2);
+    ByteReader reader(bytes);
+    while (const auto unit = reader.number<2>()) {
+        units.push_back(static_cast<char16_t>(*unit << 8 | *unit >> 8));
+    }
+    return utf8FromUtf16(units);
+}
+
+// Odd on purpose: the pictures of ID3v2.4 stand as text, not as base64.
+void appendPicture(pugi::xml_node properties, Bytes payload, unsigned majorVersion) {
+    const Bytes picture = removeHeader(kPicture, payload);
+    if (majorVersion == 4) {
+        appendProperty(properties, "Picture", textOfUnits(picture));
+    } else {
+        appendBinaryProperty(properties, "Picture", picture);
+    }
+}
+
+void appendFrame(pugi::xml_node properties, const TagFrames& frames, const FrameRecord& frame, unsigned majorVersion) {
+    const Payload payload = frames.payload(frame);
+    if (frame.id == kPicture) return appendPicture(properties, payload.bytes(), majorVersion);
+    const std::string text = majorVersion == 2 ? textDataOfVersion22(frame.id, payload.bytes())
+                                               : textData(frame.id, frame.encrypted, payload.bytes());
+    if (const char* name = nameOf(frame.id, majorVersion)) return appendProperty(properties, name, text);
+    if (!text.empty()) return appendProperty(properties, frame.id.text(), text);
+    appendBinaryProperty(properties, frame.id.text(), payload.bytes());
+}
+
+} // namespace
+
+void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, unsigned majorVersion) {
+    for (std::size_t i = 0; i < frames.count(); ++i) appendFrame(properties, frames, *frames.at(i), majorVersion);
+}
+
+} // namespace corvane

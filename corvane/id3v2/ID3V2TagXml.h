@@ -1,0 +1,15 @@
+// The frames of a tag as properties of its XML document.
+#pragma once
+
+#include "corvane/id3v2/TagFrames.h"
+
+#include <pugixml.hpp>
+
+namespace corvane {
+
+// Appends one property for the first frame of each ID, in file order: under its name what the readers have a predicate
+// for ("Title", "Picture" ...), under its ID everything else, as text where the frame has some, else as bytes. Fails
+// with a RuntimeFailure when a payload that stands in the file can no longer be read.
+void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, unsigned majorVersion);
+
+} // namespace corvane

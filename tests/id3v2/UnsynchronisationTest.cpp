@@ -1,0 +1,41 @@
+#include "corvane/id3v2/Unsynchronisation.h"
+
+#include "tests/support/Id3v2Builder.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+struct Case {
+    const char* name;
+    ByteArray bytes, expected;
+};
+class Unsynchronisation : public testing::TestWithParam<Case> {};
+TEST_P(Unsynchronisation, DropsEveryZeroDirectlyBehindFF) {
+    ByteArray bytes = GetParam().bytes;
+    undoUnsynchronisation(bytes);
+    EXPECT_EQ(bytes, GetParam().expected);
+}
+INSTANTIATE_TEST_SUITE_P(Bytes, Unsynchronisation,
+                         testing::Values(Case{"Nothing", {}, {}}, Case{"OneZero", {0}, {0}},
+                                         Case{"One", {0xFF, 0}, {0xFF}},
+                                         Case{"OnlyTheFirstOfTwo", {0xFF, 0, 0, 1}, {0xFF, 0, 1}},
+                                         Case{"OthersStay", {0xFF, 1, 0, 0xFE, 0}, {0xFF, 1, 0, 0xFE, 0}},
+                                         Case{"RowOfFF", {0xFF, 0xFF, 0, 0xFF, 0, 0xE0}, {0xFF, 0xFF, 0xFF, 0xE0}}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST(Unsynchronisation, GivesBackWhatWasUnsynchronised) {
+    ByteArray bytes;
+    for (unsigned i = 0; i < 0x10000; i += 3) {
+        const bool plain = i % 5 != 0;
+        bytes.push_back(plain ? static_cast<std::uint8_t>(i >> 8) : 0xFF);
+    }
+    ByteArray stuffed = test::unsynchronised(bytes);
+    EXPECT_GT(stuffed.size(), bytes.size());
+    undoUnsynchronisation(stuffed);
+    EXPECT_EQ(stuffed, bytes);
+}
+
+} // namespace
+} // namespace corvane
