@@ -82,8 +82,8 @@ bool cError::CopyHistory(const cError* oErr, std::string_view CurrentSource, std
 void cError::CopyHistoryEx(std::string_view PROC, std::string_view Delimiter) {
     std::string pushed = Source;
     pushed << Delimiter << Description;
+    Source = PROC; // first: PROC may be a view of the description
     Description = std::move(pushed);
-    Source = PROC;
 }
 
 void cError::record(std::string_view source, std::string_view description, std::int32_t severity) {

@@ -59,15 +59,24 @@ std::string absolutePath(std::string_view path) {
 }
 
 std::string resolvedPath(const std::string& path) {
-    if (hasNul(path)) throw systemFailure(EINVAL, "open");
-    const SystemText resolved(::realpath(path.c_str(), nullptr));
+    const SystemText resolved(::realpath(systemPath(path), nullptr));
     if (resolved == nullptr) throw systemFailure(errno, "open");
     return resolved.get();
+}
+
+const char* systemPath(const std::string& path) {
+    if (hasNul(path)) throw systemFailure(EINVAL, "open");
+    return path.c_str();
 }
 
 bool fileExists(const std::string& path) {
     struct stat status {};
     return !hasNul(path) && ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool folderExists(const std::string& path) {
+    struct stat status {};
+    return !hasNul(path) && ::stat(path.empty() ? "." : path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 } // namespace corvane

@@ -24,7 +24,13 @@ std::string absolutePath(std::string_view path);
 // file.
 std::string resolvedPath(const std::string& path);
 
+// The path as the system's calls take it; it must outlive the result. A path with a NUL byte fails with EINVAL: cut
+// there it would name another file.
+const char* systemPath(const std::string& path);
+
 // Whether there is a regular file of that name, links followed.
 bool fileExists(const std::string& path);
+// Whether there is a folder of that name, links followed; "" is the current folder.
+bool folderExists(const std::string& path);
 
 } // namespace corvane

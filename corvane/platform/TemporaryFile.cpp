@@ -1,29 +1,17 @@
 #include "corvane/platform/TemporaryFile.h"
 
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/platform/TemporaryNames.h"
 
 #include <fcntl.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 
-#include <array>
-#include <cstdint>
-#include <cstdio>
+#include <cerrno>
+#include <utility>
 
 namespace corvane {
 
 namespace {
-
-constexpr int kNameAttempts = 100; // far more than chance can need for names of 64 random bits
-
-std::uint64_t randomNumber() {
-    std::uint64_t number = 0;
-    for (;;) {
-        const auto got = ::getrandom(&number, sizeof number, 0);
-        if (got == static_cast<ssize_t>(sizeof number)) return number;
-        if (got < 0 && errno != EINTR) throw systemFailure(errno, "create temporary file");
-    }
-}
 
 bool isFileNamed(const struct stat& file, int folder, const std::string& name) {
     struct stat named {};
@@ -33,22 +21,10 @@ bool isFileNamed(const struct stat& file, int folder, const std::string& name) {
 
 } // namespace
 
-std::string unguessableName(std::string_view prefix, std::string_view extension) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string name(prefix);
-    std::uint64_t number = randomNumber();
-    for (int i = 0; i < 16; ++i, number >>= 4) name.push_back(kDigits[number & 0xF]);
-    return name.append(".").append(extension);
-}
-
 TemporaryFile::TemporaryFile(int folder, std::string_view extension, mode_t mode) : folder_(folder) {
-    for (int attempt = 0; attempt < kNameAttempts && !file_.isOpen(); ++attempt) {
-        name_ = unguessableName("tmp", extension);
-        file_ = Descriptor(
-            ::openat(folder, name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, mode));
-        if (!file_.isOpen() && errno != EEXIST && errno != EINTR) throw systemFailure(errno, "create temporary file");
-    }
-    if (!file_.isOpen()) throw systemFailure(EEXIST, "create temporary file");
+    NewFile file = openNewFile(folder, {}, "tmp", extension, mode);
+    name_ = std::move(file.path);
+    file_ = std::move(file.descriptor);
 }
 
 TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept

@@ -1,8 +1,5 @@
 // A new empty file of our own beside the file that it will replace or serve. It disappears with its object, unless it
-// has taken over another name or is to be kept.
-//
-// Its name is "tmp", sixteen hexadecimal digits that nobody can guess, and an extension. It is created exclusively, so
-// that a file or link that somebody has put there is never opened, and for its owner only.
+// has taken over another name or is to be kept. Its name has the prefix "tmp" (TemporaryNames.h).
 #pragma once
 
 #include "corvane/platform/Descriptor.h"
@@ -17,7 +14,7 @@ namespace corvane {
 class TemporaryFile {
 public:
     // folder: descriptor of the folder, which must stay open while this lives. mode: permission bits before the
-    // process's mask. Fails with errno's number and text.
+    // process's mask; by default the file is for its owner only. Fails with errno's number and text.
     explicit TemporaryFile(int folder, std::string_view extension = "tmp", mode_t mode = 0600);
     ~TemporaryFile();
     TemporaryFile(TemporaryFile&& other) noexcept;
@@ -42,8 +39,5 @@ private:
     std::string name_;
     Descriptor file_;
 };
-
-// "tmp" or another prefix, sixteen random hexadecimal digits, "." and the extension.
-std::string unguessableName(std::string_view prefix, std::string_view extension);
 
 } // namespace corvane
