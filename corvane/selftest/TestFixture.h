@@ -1,5 +1,5 @@
-// Writes an ID3v1.1 tag into a small scratch file, reads it back and compares every field, then does so again on the same
-// file, to prove that a tag is replaced and not added a second time.
+// Writes an ID3v1.1 tag into a small scratch file, reads it back and compares every field, then does so again on the
+// same file, to prove that a tag is replaced and not added a second time.
 //
 // The scratch file is "MP3Tst00.mp3" in the current folder; it stays there.
 #pragma once
@@ -7,6 +7,7 @@
 #include "corvane/platform/Export.h"
 #include "corvane/selftest/ITestFixture.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -27,7 +28,7 @@ private:
     void fileSizeStep();
     void compareStep();
     void check(bool condition, const std::string& message);
-    void checkFileSize(std::uintmax_t expected);
+    bool checkFileSize(std::uintmax_t expected);
 
     std::shared_ptr<ITestManager> manager_;
     std::string projectPath_;
