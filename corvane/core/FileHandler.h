@@ -9,12 +9,14 @@
 
 #include "corvane/core/TagError.h"
 #include "corvane/id3v1/EID3TagConstants.h"
+#include "corvane/platform/Bytes.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace corvane {
 
@@ -89,7 +91,7 @@ private:
     friend struct Internals<FileHandler>;
 
     void analyse(FileReader& file);
-    void readId3v2Header(FileReader& file);
+    std::int32_t readId3v2Header(Bytes head);
     void readId3v1Record(FileReader& file);
     void loadLyricsTag();
 

@@ -1,5 +1,6 @@
 // The few facts of a file that lists show, read with as few system calls as they take: one open, one fstat, one read of
-// the first block, one of the last bytes, and one or two more where a tag is longer than a block. Pictures are not read.
+// the first block, one of the last bytes, and one or two more where a tag is longer than a block. Pictures are not
+// read.
 #pragma once
 
 #include "corvane/platform/Export.h"

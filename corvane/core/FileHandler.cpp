@@ -1,0 +1,186 @@
+#include "corvane/core/FileHandler.h"
+
+#include "corvane/core/FileHandlerInternals.h"
+#include "corvane/core/FileRoutines.h"
+#include "corvane/core/Id3v1Trailer.h"
+#include "corvane/core/PathWithoutDrive.h"
+#include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/id3v1/Id3v1Record.h"
+#include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/ID3V2TagInternals.h"
+#include "corvane/lyrics/LyricsTag.h"
+#include "corvane/lyrics/LyricsTagInternals.h"
+#include "corvane/mpeg/MPEGHeader.h"
+#include "corvane/mpeg/MPEGHeaderInternals.h"
+#include "corvane/platform/FileReader.h"
+#include "corvane/platform/Paths.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int16_t kTypeMp3 = 1;
+constexpr std::int16_t kTypeZip = 2;
+constexpr std::int16_t kTypeRar = 3;
+constexpr std::array<const char*, 4> kTypeNames{"Unknown", "MP3", "ZIP", "RAR"};
+
+// What is behind the end of a shorter file counts as 0.
+using Head = std::array<std::uint8_t, ID3V2Header::kByteCount>;
+
+Head headOf(FileReader& file) {
+    Head head{};
+    std::ranges::copy(file.view(0, head.size()), head.begin());
+    return head;
+}
+
+bool startsWith(Bytes head, std::string_view signature) {
+    return head.size() >= signature.size() &&
+           std::equal(signature.begin(), signature.end(), head.begin(),
+                      [](char expected, std::uint8_t byte) { return static_cast<std::uint8_t>(expected) == byte; });
+}
+
+bool isZip(Bytes head) { return startsWith(head, "PK\x03\x04"); }
+
+// Never true: byte 5 would have to be 07 and 00 at once. The signature of an archive is "Rar!" 1A 07 00, but hosts rely
+// on RAR files being taken for MP3 candidates, as they always have been.
+bool isRar(Bytes head) { return startsWith(head, "Rar!\x1A") && head.size() > 5 && head[5] == 0x07 && head[5] == 0x00; }
+
+} // namespace
+
+FileHandler::FileHandler()
+    : id3v1Tag_(std::make_shared<ID3V1Tag>()),
+      mpegHeader_(std::make_shared<corvane::MPEGHeader>()),
+      lyricsTag_(std::make_shared<corvane::LyricsTag>()),
+      id3v2Tag_(std::make_shared<corvane::ID3V2Tag>()) {}
+
+FileHandler::~FileHandler() = default;
+
+bool FileHandler::Create(const std::string& FileName) {
+    return recordFailures(*error_, false, [&] {
+        fileName_ = FileName;
+        id3v1Tag_ = std::make_shared<ID3V1Tag>();
+        FileReader file(FileName);
+        analyse(file);
+        return true;
+    });
+}
+
+void FileHandler::analyse(FileReader& file) {
+    const Head head = headOf(file);
+    if (isZip(head)) {
+        fileType_ = kTypeZip;
+        throw RuntimeFailure(FailureNumber::ObjectDefined, "Create", "This is a ZIP-File");
+    }
+    if (isRar(head)) {
+        fileType_ = kTypeRar;
+        throw RuntimeFailure(FailureNumber::ObjectDefined, "Create", "This is a RAR-File");
+    }
+    const std::int32_t startPosition = readId3v2Header(head);
+    if (!Internals<corvane::MPEGHeader>::LoadHeaderEx(*mpegHeader_, file, startPosition)) {
+        error_->record("LoadHeaderEx", Internals<corvane::MPEGHeader>::ErrorRecord(*mpegHeader_)->Stream(),
+                       cError::kError);
+    }
+    readId3v1Record(file);
+    fileType_ = kTypeMp3;
+}
+
+// The 1-based position at which the search for the first audio frame begins.
+std::int32_t FileHandler::readId3v2Header(Bytes head) {
+    if (!startsWith(head, "ID3")) return 1;
+    auto header = decodeHeader(head);
+    if (!header || !hasTagNumbers(*header)) {
+        id3v2Tag_ = std::make_shared<corvane::ID3V2Tag>();
+        return 1;
+    }
+    // The first three characters of the decimal texts of the bytes 'I', 'D' and '3', not the letters: hosts that look
+    // into the record find it filled like this.
+    header->ID = "736";
+    Internals<corvane::ID3V2Tag>::setHeader(*id3v2Tag_, fileName_, *header);
+    hasId3v2Tag_ = true;
+    return std::get<std::int32_t>(id3v2Tag_->Size());
+}
+
+void FileHandler::readId3v1Record(FileReader& file) {
+    const auto fields = readTrailer(file);
+    if (fields) {
+        assignFields(*id3v1Tag_, *fields);
+    } else {
+        error_->record("Read Tag", "The file contains no tag.", cError::kNone);
+    }
+}
+
+EID3TagConstants FileHandler::readTag() {
+    // Hosts rely on this operation neither reading nor recording anything for a file that exists: Create reads.
+    if (!fileExists(fileName_)) error_->record("Read Tag", "File does not exist.");
+    return EID3TagConstants::ID3Unknown;
+}
+
+bool FileHandler::HasTag() const {
+    return recordFailures(*error_, false, [&] { return fileExists(fileName_) && endsWithRecord(fileName_); });
+}
+
+bool FileHandler::HasID3V1Tag() const {
+    return id3v1Tag_ != nullptr && id3v1Tag_->TagType() != EID3TagConstants::ID3Unknown;
+}
+
+bool FileHandler::writeID3v1xTag() {
+    return recordFailures(*error_, false, [&] {
+        if (id3v1Tag_ == nullptr) {
+            throw RuntimeFailure(FailureNumber::ObjectNotSet, "Write Tag", "Object variable not set");
+        }
+        if (id3v1Tag_->TagType() == EID3TagConstants::ID3Unknown) {
+            error_->record("Write Tag", "Tag unknown.");
+            return false;
+        }
+        if (!fileExists(fileName_)) {
+            error_->record("Write Tag", "File does not exist.");
+            return false;
+        }
+        writeTrailer(fileName_, encodeRecord(*id3v1Tag_).bytes);
+        return true;
+    });
+}
+
+bool FileHandler::removeID3V1xTag() {
+    return recordFailures(*error_, false, [&] {
+        if (!fileExists(fileName_) || !endsWithRecord(fileName_)) {
+            error_->record("RemoveTag", "The file has no ID3v1x tag.");
+            return false;
+        }
+        FileRoutines().CutFileBytes(fileName_, static_cast<std::int32_t>(kId3v1RecordSize));
+        return true;
+    });
+}
+
+bool FileHandler::HasLyricsTag() {
+    loadLyricsTag();
+    return lyricsTag_->Version() != ELyricsVersionConstants::lvcUnknown;
+}
+
+// Once for each file name, also when it fails.
+void FileHandler::loadLyricsTag() {
+    if (lyricsFileName_ == fileName_) return;
+    lyricsFileName_ = fileName_;
+    recordFailures(*error_, false, [&] {
+        Internals<corvane::LyricsTag>::Load(*lyricsTag_, fileName_, HasID3V1Tag());
+        return true;
+    });
+}
+
+std::string FileHandler::FileTypeName() const {
+    const auto index = static_cast<std::size_t>(fileType_);
+    return kTypeNames[index < kTypeNames.size() ? index : 0];
+}
+
+std::int32_t FileHandler::Size() const { return mpegHeader_->FileSize(); }
+
+std::string FileHandler::Path() const {
+    return recordFailures(*error_, std::string(), [&] { return pathWithoutDrive(fileName_); });
+}
+
+} // namespace corvane

@@ -1,0 +1,26 @@
+// Where the ID3v1 record stands in a file: its last 128 bytes.
+#pragma once
+
+#include "corvane/id3v1/Id3v1Record.h"
+#include "corvane/platform/Bytes.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace corvane {
+
+class FileReader;
+
+// The fields of the record at the end of an open file, or nothing when there is none.
+std::optional<Id3v1Fields> readTrailer(FileReader& file);
+
+// Whether the file is longer than a record and its last 128 bytes begin with "TAG". A file that is nothing but a record
+// has none in this sense: a record is written behind it, and hosts rely on that. Fails when the file cannot be read.
+bool endsWithRecord(const std::string& path);
+
+// Writes a record over the one at the end of the file, or behind its last byte when there is none. Fails, with the file
+// as it was, when that is not possible.
+void writeTrailer(const std::string& path, Bytes record);
+
+} // namespace corvane

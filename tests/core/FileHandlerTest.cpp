@@ -1,0 +1,477 @@
+#include "corvane/core/FileHandler.h"
+
+#include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/lyrics/LyricsTag.h"
+#include "corvane/mpeg/MPEGHeader.h"
+
+#include "tests/support/ByteBuilder.h"
+#include "tests/support/ScratchFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+
+namespace corvane {
+namespace {
+
+using test::ByteBuilder;
+using test::bytesOf;
+using test::contentOf;
+using test::ScratchFolder;
+using enum EID3TagConstants;
+
+// 1,000 bytes that begin with an MPEG-1 Layer III header of 128 kbit/s and 44100 Hz.
+ByteArray audio() { return ByteBuilder().bigEndian(0xFFFB9064, 4).repeat(0x55, 996).done(); }
+
+ByteArray record(unsigned byte125, unsigned byte126, unsigned genre = 17) {
+    return ByteBuilder()
+        .text("TAG")
+        .text("A title")
+        .padTo(33)
+        .text("Abc")
+        .byte(0)
+        .text("junk")
+        .padTo(63)
+        .repeat(' ', 30)
+        .text("2001")
+        .text("A comment of twenty-eight ch")
+        .byte(byte125)
+        .byte(byte126)
+        .byte(genre)
+        .done();
+}
+
+ByteArray with(Bytes first, Bytes second) { return test::joined({first, second}); }
+
+class FileHandlerTest : public testing::Test {
+protected:
+    std::string write(Bytes bytes) const { return folder_.write("a.mp3", bytes); }
+    const ScratchFolder folder_;
+};
+
+TEST_F(FileHandlerTest, AnEmptyHandlerKnowsNothing) {
+    FileHandler handler;
+    EXPECT_EQ(handler.FileName(), "");
+    EXPECT_EQ(handler.FileType(), 0);
+    EXPECT_EQ(handler.FileTypeName(), "Unknown");
+    EXPECT_FALSE(handler.HasID3V2Tag());
+    EXPECT_FALSE(handler.HasID3V1Tag());
+    EXPECT_FALSE(handler.HasTag());
+    EXPECT_FALSE(handler.HasLyricsTag());
+    EXPECT_EQ(handler.Size(), 0);
+    ASSERT_TRUE(handler.ID3v1xTag());
+    EXPECT_EQ(handler.ID3v1xTag()->Genre(), 255);
+    EXPECT_TRUE(handler.ID3V2Tag());
+    EXPECT_TRUE(handler.MPEGHeader());
+    EXPECT_TRUE(handler.LyricsTag());
+    EXPECT_EQ(handler.LastError()->Stream(), "0, , ");
+}
+
+TEST_F(FileHandlerTest, AnMp3FileIsAnalysed) {
+    FileHandler handler;
+    const auto path = write(with(audio(), record(0, 7)));
+    ASSERT_TRUE(handler.Create(path));
+    EXPECT_EQ(handler.FileName(), path);
+    EXPECT_EQ(handler.FileType(), 1);
+    EXPECT_EQ(handler.FileTypeName(), "MP3");
+    EXPECT_EQ(handler.Size(), 1128);
+    EXPECT_TRUE(handler.HasTag());
+    EXPECT_TRUE(handler.HasID3V1Tag());
+    EXPECT_FALSE(handler.HasID3V2Tag());
+    EXPECT_EQ(handler.MPEGHeader()->BitRate(), 128);
+}
+
+TEST_F(FileHandlerTest, AZipArchiveIsRefused) {
+    FileHandler handler;
+    EXPECT_FALSE(handler.Create(write(bytesOf("PK\x03\x04 archive"))));
+    EXPECT_EQ(handler.FileType(), 2);
+    EXPECT_EQ(handler.FileTypeName(), "ZIP");
+    EXPECT_EQ(handler.LastError()->Stream(), "-2147221504, Create, This is a ZIP-File");
+}
+
+TEST_F(FileHandlerTest, ARarArchiveIsNotRecognised) {
+    for (const unsigned byte5 : {0x07U, 0x00U}) {
+        FileHandler handler;
+        EXPECT_TRUE(handler.Create(write(ByteBuilder().text("Rar!\x1A").byte(byte5).byte(0).padTo(100).done())));
+        EXPECT_EQ(handler.FileType(), 1);
+    }
+}
+
+TEST_F(FileHandlerTest, AMissingFileFailsWithTheTextOfTheSystem) {
+    FileHandler handler;
+    EXPECT_FALSE(handler.Create(folder_.path("none.mp3")));
+    EXPECT_EQ(handler.LastError()->Stream(), std::to_string(ENOENT) + ", open, No such file or directory");
+}
+
+TEST_F(FileHandlerTest, FoldersPipesAndDevicesFailAtOnce) {
+    const std::string pipe = folder_.path("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {folder_.path(), pipe, std::string("/dev/zero"), std::string()}) {
+        FileHandler handler;
+        EXPECT_FALSE(handler.Create(path)) << path;
+        EXPECT_NE(handler.LastError()->Stream(), "0, , ") << path;
+        EXPECT_FALSE(handler.HasTag()) << path;
+        handler.ID3v1xTag()->TagType(ID3V11);
+        EXPECT_FALSE(handler.writeID3v1xTag()) << path;
+        EXPECT_FALSE(handler.removeID3V1xTag()) << path;
+    }
+}
+
+TEST_F(FileHandlerTest, FilesShorterThanARecordHaveNone) {
+    for (const std::size_t size : {0, 1, 9, 10, 127}) {
+        FileHandler handler;
+        EXPECT_TRUE(handler.Create(write(ByteArray(size, 'T')))) << size;
+        EXPECT_FALSE(handler.HasID3V1Tag());
+        EXPECT_EQ(handler.LastError()->Stream(), "0, Read Tag, The file contains no tag.");
+    }
+}
+
+TEST_F(FileHandlerTest, WithoutAnAudioFrameCreateGoesOnAndTellsOfIt) {
+    FileHandler handler;
+    EXPECT_TRUE(handler.Create(write(with(ByteArray(500, 0), record(0, 7)))));
+    EXPECT_EQ(handler.LastError()->Stream(), "0, LoadHeaderEx, 0, , ");
+    EXPECT_EQ(handler.ID3v1xTag()->Track(), 7);
+}
+
+struct RecordCase {
+    const char* name;
+    unsigned byte125, byte126;
+    EID3TagConstants type;
+    int track;
+    const char* comment;
+};
+
+class RecordKind : public testing::TestWithParam<RecordCase> {};
+
+TEST_P(RecordKind, FollowsFromTheLastTwoBytesOfTheComment) {
+    const ScratchFolder folder;
+    FileHandler handler;
+    const RecordCase& tested = GetParam();
+    ASSERT_TRUE(handler.Create(folder.write("a.mp3", with(audio(), record(tested.byte125, tested.byte126)))));
+    EXPECT_EQ(handler.ID3v1xTag()->TagType(), tested.type);
+    EXPECT_EQ(handler.ID3v1xTag()->Track(), tested.track);
+    EXPECT_EQ(handler.ID3v1xTag()->Comment(), tested.comment);
+    EXPECT_EQ(handler.ID3v1xTag()->Genre(), 17);
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes125And126, RecordKind,
+                         testing::Values(RecordCase{"ZeroAndSeven", 0, 7, ID3V11, 7, "A comment of twenty-eight ch"},
+                                         RecordCase{"ZeroAndZero", 0, 0, ID3v1, 0, "A comment of twenty-eight ch"},
+                                         RecordCase{"TwoLetters", 'a', 'r', ID3v1, 0,
+                                                    "A comment of twenty-eight char"}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(FileHandlerTest, AFieldEndsAtItsFirstZeroByteAndIsTrimmed) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(audio(), record(0, 7)))));
+    EXPECT_EQ(handler.ID3v1xTag()->Artist(), "Abc");
+    EXPECT_EQ(handler.ID3v1xTag()->Album(), "");
+    EXPECT_EQ(handler.ID3v1xTag()->Year(), "2001");
+}
+
+TEST_F(FileHandlerTest, ReadTagOfAnExistingFileReadsAndRecordsNothing) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    const std::string before = handler.LastError()->Stream();
+    write(with(audio(), record(0, 7)));
+    EXPECT_EQ(handler.readTag(), ID3Unknown);
+    EXPECT_EQ(handler.LastError()->Stream(), before);
+    EXPECT_EQ(handler.ID3v1xTag()->TagType(), ID3Unknown);
+}
+
+TEST_F(FileHandlerTest, ReadTagOfAMissingFileIsRecorded) {
+    FileHandler handler;
+    EXPECT_EQ(handler.readTag(), ID3Unknown);
+    EXPECT_EQ(handler.LastError()->Stream(), "0, Read Tag, File does not exist.");
+}
+
+TEST_F(FileHandlerTest, AFileThatIsNothingButARecordHasNoTag) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(record(0, 7))));
+    EXPECT_FALSE(handler.HasTag());
+    EXPECT_TRUE(handler.HasID3V1Tag());
+}
+
+TEST_F(FileHandlerTest, HasTagLooksAtTheFileAsItIsNow) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    const std::string before = handler.LastError()->Stream();
+    EXPECT_FALSE(handler.HasTag());
+    write(with(audio(), record(0, 7)));
+    EXPECT_TRUE(handler.HasTag());
+    std::filesystem::remove(folder_.path("a.mp3"));
+    EXPECT_FALSE(handler.HasTag());
+    EXPECT_EQ(handler.LastError()->Stream(), before);
+}
+
+void fillTag(ID3V1Tag& tag) {
+    tag.Title("A title that is longer than thirty characters");
+    tag.Artist("Жzé");
+    tag.Year("1999");
+    tag.Comment("A comment that is longer than thirty characters");
+    tag.Track(9);
+    tag.Genre(3);
+}
+
+TEST_F(FileHandlerTest, ARecordIsAppendedWhereThereIsNone) {
+    FileHandler handler;
+    const auto path = write(audio());
+    ASSERT_TRUE(handler.Create(path));
+    fillTag(*handler.ID3v1xTag());
+    handler.ID3v1xTag()->TagType(ID3V11);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    EXPECT_EQ(contentOf(path), with(audio(), ByteBuilder()
+                                                 .text("TAG")
+                                                 .text("A title that is longer than th")
+                                                 .text("?z\xE9")
+                                                 .padTo(93)
+                                                 .text("1999")
+                                                 .text("A comment that is longer tha")
+                                                 .byte(0)
+                                                 .byte(9)
+                                                 .byte(3)
+                                                 .done()));
+}
+
+TEST_F(FileHandlerTest, ARecordReplacesTheOneThatIsThere) {
+    FileHandler handler;
+    const auto path = write(with(audio(), record(0, 7)));
+    ASSERT_TRUE(handler.Create(path));
+    fillTag(*handler.ID3v1xTag());
+    handler.ID3v1xTag()->TagType(ID3v1);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    const ByteArray content = contentOf(path);
+    ASSERT_EQ(content.size(), 1128U);
+    EXPECT_EQ(ByteArray(content.begin(), content.begin() + 1000), audio());
+    FileHandler again;
+    ASSERT_TRUE(again.Create(path));
+    EXPECT_EQ(again.ID3v1xTag()->Comment(), "A comment that is longer than");
+    EXPECT_EQ(again.ID3v1xTag()->TagType(), ID3v1);
+}
+
+TEST_F(FileHandlerTest, AfterAFileThatIsNothingButARecordAnotherIsAppended) {
+    FileHandler handler;
+    const auto path = write(record(0, 7));
+    ASSERT_TRUE(handler.Create(path));
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    EXPECT_EQ(contentOf(path).size(), 256U);
+}
+
+TEST_F(FileHandlerTest, AnUnknownTagTypeIsNotWritten) {
+    FileHandler handler;
+    const auto path = write(audio());
+    ASSERT_TRUE(handler.Create(path));
+    EXPECT_FALSE(handler.writeID3v1xTag());
+    EXPECT_EQ(handler.LastError()->Stream(), "0, Write Tag, Tag unknown.");
+    EXPECT_EQ(contentOf(path), audio());
+}
+
+TEST_F(FileHandlerTest, AMissingFileIsNotWritten) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    std::filesystem::remove(folder_.path("a.mp3"));
+    handler.ID3v1xTag()->TagType(ID3v1);
+    EXPECT_FALSE(handler.writeID3v1xTag());
+    EXPECT_EQ(handler.LastError()->Stream(), "0, Write Tag, File does not exist.");
+    EXPECT_TRUE(folder_.names().empty());
+}
+
+TEST_F(FileHandlerTest, ATrackThatNoByteHoldsFailsTheWriteAndLeavesTheFile) {
+    const auto path = write(with(audio(), record(0, 7)));
+    for (const std::int16_t track : {std::int16_t{-1}, std::int16_t{256}}) {
+        FileHandler handler;
+        ASSERT_TRUE(handler.Create(path));
+        handler.ID3v1xTag()->Track(track);
+        EXPECT_FALSE(handler.writeID3v1xTag());
+        EXPECT_TRUE(handler.LastError()->Stream().starts_with("6, ")) << handler.LastError()->Stream();
+        EXPECT_EQ(contentOf(path), with(audio(), record(0, 7)));
+    }
+}
+
+TEST_F(FileHandlerTest, AHostsOwnTagObjectIsWritten) {
+    FileHandler handler;
+    const auto path = write(audio());
+    ASSERT_TRUE(handler.Create(path));
+    const auto own = std::make_shared<ID3V1Tag>();
+    own->Title("Own");
+    own->TagType(ID3v1);
+    handler.ID3v1xTag(own);
+    EXPECT_EQ(handler.ID3v1xTag(), own);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    handler.ID3v1xTag(nullptr);
+    EXPECT_FALSE(handler.HasID3V1Tag());
+    EXPECT_FALSE(handler.writeID3v1xTag());
+    EXPECT_TRUE(handler.LastError()->Stream().starts_with("91, ")) << handler.LastError()->Stream();
+    EXPECT_TRUE(handler.removeID3V1xTag());
+    EXPECT_EQ(contentOf(path), audio());
+}
+
+TEST_F(FileHandlerTest, RemovingCutsTheRecordOffAndLeavesTheObjects) {
+    FileHandler handler;
+    const auto path = write(with(audio(), record(0, 7)));
+    ASSERT_TRUE(handler.Create(path));
+    ASSERT_TRUE(handler.removeID3V1xTag());
+    EXPECT_EQ(contentOf(path), audio());
+    EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.mp3"});
+    EXPECT_TRUE(handler.HasID3V1Tag());
+    EXPECT_EQ(handler.ID3v1xTag()->Title(), "A title");
+    EXPECT_FALSE(handler.HasTag());
+}
+
+TEST_F(FileHandlerTest, RemovingWhatIsNotThereIsRecorded) {
+    FileHandler handler;
+    const auto path = write(audio());
+    ASSERT_TRUE(handler.Create(path));
+    EXPECT_FALSE(handler.removeID3V1xTag());
+    EXPECT_EQ(handler.LastError()->Stream(), "0, RemoveTag, The file has no ID3v1x tag.");
+    EXPECT_EQ(contentOf(path), audio());
+}
+
+ByteArray id3v2Tag(Bytes body) {
+    return ByteBuilder()
+        .text("ID3")
+        .byte(3)
+        .byte(0)
+        .byte(0)
+        .synchsafe(static_cast<std::uint32_t>(body.size()))
+        .bytes(body)
+        .done();
+}
+
+ByteArray titleFrame() {
+    return ByteBuilder().text("TIT2").bigEndian(5, 4).byte(0).byte(0).byte(0).text("abcd").done();
+}
+
+TEST_F(FileHandlerTest, AnId3v2HeaderIsHandedOnAndTheAudioSearchedBehindIt) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(id3v2Tag(titleFrame()), audio()))));
+    EXPECT_TRUE(handler.HasID3V2Tag());
+    EXPECT_EQ(handler.ID3V2Tag()->Title(), "abcd");
+    EXPECT_EQ(handler.MPEGHeader()->AudioSize(), 998);
+}
+
+struct HeaderCase {
+    const char* name;
+    std::array<unsigned, 7> bytes; // major, revision, flags, size
+    bool valid;
+};
+
+class Id3v2Header : public testing::TestWithParam<HeaderCase> {};
+
+TEST_P(Id3v2Header, IsCheckedByteByByte) {
+    const ScratchFolder folder;
+    ByteBuilder file;
+    file.text("ID3");
+    for (const unsigned value : GetParam().bytes) file.byte(value);
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(folder.write("a.mp3", file.padTo(200).done())));
+    EXPECT_EQ(handler.HasID3V2Tag(), GetParam().valid);
+    EXPECT_EQ(handler.ID3V2Tag()->Version()->Minor(), GetParam().valid ? static_cast<int>(GetParam().bytes[0]) : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, Id3v2Header,
+                         testing::Values(HeaderCase{"Usual", {3, 0, 0, 0, 0, 0, 100}, true},
+                                         HeaderCase{"LargestVersion", {0xFE, 0xFE, 0, 0, 0, 0, 1}, true},
+                                         HeaderCase{"AllFlags", {3, 0, 0xFF, 0, 0, 0, 1}, true},
+                                         HeaderCase{"LargestSize", {3, 0, 0, 0x7F, 0x7F, 0x7F, 0x7F}, true},
+                                         HeaderCase{"ForbiddenVersion", {0xFF, 0, 0, 0, 0, 0, 1}, false},
+                                         HeaderCase{"ForbiddenRevision", {3, 0xFF, 0, 0, 0, 0, 1}, false},
+                                         HeaderCase{"FirstSizeByte", {3, 0, 0, 0x80, 0, 0, 1}, false},
+                                         HeaderCase{"SecondSizeByte", {3, 0, 0, 0, 0x80, 0, 1}, false},
+                                         HeaderCase{"ThirdSizeByte", {3, 0, 0, 0, 0, 0x80, 1}, false},
+                                         HeaderCase{"FourthSizeByte", {3, 0, 0, 0, 0, 0, 0x80}, false}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST_F(FileHandlerTest, ASecondCreateStartsFromThePreviousState) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(id3v2Tag(titleFrame()), audio()))));
+    const auto tag = handler.ID3V2Tag();
+    const auto v1 = handler.ID3v1xTag();
+    ASSERT_TRUE(handler.Create(folder_.write("b.mp3", audio())));
+    EXPECT_TRUE(handler.HasID3V2Tag());
+    EXPECT_EQ(handler.ID3V2Tag(), tag);
+    EXPECT_NE(handler.ID3v1xTag(), v1);
+}
+
+TEST_F(FileHandlerTest, AnInvalidHeaderBringsANewId3v2TagButKeepsTheFlag) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(id3v2Tag(titleFrame()), audio()))));
+    const auto tag = handler.ID3V2Tag();
+    ASSERT_TRUE(handler.Create(folder_.write("b.mp3", ByteBuilder().text("ID3").repeat(0xFF, 7).padTo(200).done())));
+    EXPECT_NE(handler.ID3V2Tag(), tag);
+    EXPECT_TRUE(handler.HasID3V2Tag());
+}
+
+ByteArray lyricsTag() { return bytesOf("LYRICSBEGINETT00005TitleLYR00003xyz000035LYRICS200"); }
+
+TEST_F(FileHandlerTest, TheLyricsTagIsLoadedWhenItIsFirstAskedFor) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(test::joined({audio(), lyricsTag(), record(0, 7)}))));
+    EXPECT_EQ(handler.LyricsTag()->Version(), ELyricsVersionConstants::lvcUnknown);
+    EXPECT_TRUE(handler.HasLyricsTag());
+    EXPECT_EQ(handler.LyricsTag()->Title(), "Title");
+    EXPECT_EQ(handler.LyricsTag()->Lyrics(), "xyz");
+}
+
+TEST_F(FileHandlerTest, TheLyricsTagIsReadOnceForAFileName) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    EXPECT_FALSE(handler.HasLyricsTag());
+    write(with(audio(), lyricsTag()));
+    EXPECT_FALSE(handler.HasLyricsTag());
+    ASSERT_TRUE(handler.Create(folder_.write("b.mp3", with(audio(), lyricsTag()))));
+    EXPECT_TRUE(handler.HasLyricsTag());
+}
+
+TEST_F(FileHandlerTest, AFailureOfTheLyricsTagIsRecorded) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(audio(), bytesOf("LYRICSBEGINabcdefLYRICS200")))));
+    handler.HasLyricsTag();
+    EXPECT_TRUE(handler.LastError()->Stream().starts_with("13, ")) << handler.LastError()->Stream();
+}
+
+TEST_F(FileHandlerTest, AViewOfTheRecordShowsALaterFailureAndOutlivesTheHandler) {
+    std::shared_ptr<TagError> view;
+    {
+        FileHandler handler;
+        view = handler.LastError();
+        EXPECT_EQ(view->Stream(), "0, , ");
+        handler.readTag();
+    }
+    EXPECT_EQ(view->Stream(), "0, Read Tag, File does not exist.");
+}
+
+TEST_F(FileHandlerTest, ThePathHasNeitherDriveNorFirstSeparator) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    EXPECT_EQ("/" + handler.Path(), folder_.path() + "/");
+    handler.Create("/a.mp3");
+    EXPECT_EQ(handler.Path(), "");
+    handler.Create("/Music/Rock/a.mp3");
+    EXPECT_EQ(handler.Path(), "Music/Rock/");
+}
+
+TEST_F(FileHandlerTest, ThePathOfARelativeNameIsThatOfItsAbsoluteForm) {
+    write(audio());
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_.path());
+    FileHandler handler;
+    EXPECT_TRUE(handler.Create("./a.mp3"));
+    EXPECT_EQ("/" + handler.Path(), folder_.path() + "/");
+    std::filesystem::current_path(before);
+}
+
+TEST_F(FileHandlerTest, AFileBeyondTwoGibibytesIsAnOverflowOfItsHeaderOnly) {
+    const auto path = write(audio());
+    std::filesystem::resize_file(path, 2'147'483'648);
+    FileHandler handler;
+    EXPECT_TRUE(handler.Create(path));
+    EXPECT_EQ(handler.FileType(), 1);
+    EXPECT_EQ(handler.MPEGHeader()->BitRate(), 0);
+}
+
+} // namespace
+} // namespace corvane
