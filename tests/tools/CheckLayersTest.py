@@ -35,7 +35,8 @@ class CheckLayers(unittest.TestCase):
             "corvane/id3v230/Encoder.cpp": "#include <id3.h>\n",
             "corvane/core/FileHandler.h": '#include "corvane/id3v1/Genre.h"\n#include "corvane/Version.h"\n',
             "corvane/controls/Lyrics.h": '#include "corvane/core/FileHandler.h"\n#include <QWidget>\n',
-            "corvane/corvane.h": '#include "corvane/core/FileHandler.h"\n',
+            "corvane/corvane.h": '#include "corvane/selftest/TestFixture.h"\n',
+            "corvane/selftest/TestFixture.h": '#include "corvane/core/FileHandler.h"\n',
             "apps/cli/main.cpp": '#include "corvane/core/FileHandler.h"\n',
             "tests/id3v1/GenreTest.cpp": '#include "corvane/id3v1/Genre.h"\n',
         })
