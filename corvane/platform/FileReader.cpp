@@ -44,6 +44,11 @@ FileReader::FileReader(const std::string& path)
 
 FileReader::~FileReader() { ::close(descriptor_); }
 
+bool FileReader::isUnchanged() const {
+    struct stat status {};
+    return ::fstat(descriptor_, &status) == 0 && identityOf(status) == identity_;
+}
+
 Bytes FileReader::view(std::uint64_t offset, std::size_t count) {
     count = clipped(offset, count);
     if (count == 0) return {};

@@ -30,6 +30,8 @@ public:
     // Length of the file in bytes when it was opened.
     std::uint64_t size() const { return identity_.size; }
     const FileIdentity& identity() const { return identity_; }
+    // Whether nobody has changed the file since it was opened.
+    bool isUnchanged() const;
 
     // The bytes [offset, offset + count), fewer when the file ends before. The view is good until the next call.
     Bytes view(std::uint64_t offset, std::size_t count);

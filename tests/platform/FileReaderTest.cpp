@@ -62,6 +62,15 @@ TEST(FileReader, AnEmptyFileGivesNothing) {
     EXPECT_TRUE(reader.view(0, 10).empty());
 }
 
+TEST(FileReader, TellsWhetherTheFileWasChangedSinceItWasOpened) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(100));
+    const FileReader reader(path);
+    EXPECT_TRUE(reader.isUnchanged());
+    folder.write("f", ByteArray(101));
+    EXPECT_FALSE(reader.isUnchanged());
+}
+
 TEST(FileReader, AMissingFileFailsWithTheNumberOfTheSystem) {
     const ScratchFolder folder;
     EXPECT_EQ(failureOfOpening(folder.path("none")), ENOENT);
