@@ -3,10 +3,12 @@
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/Numbers.h"
+#include "corvane/platform/Picture.h"
 #include "corvane/platform/Utf.h"
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace corvane {
 
@@ -60,6 +62,8 @@ std::string Utf16BytesToString(Bytes bytes) {
     }
     return utf8FromUtf16(units);
 }
+
+std::shared_ptr<Picture> PictureFromBytes(ByteArray bytes) { return Picture::fromBytes(std::move(bytes)); }
 
 std::string LfToCrLf(std::string_view text) {
     std::string converted;

@@ -5,10 +5,13 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace corvane {
+
+class Picture;
 
 // value * 2^bits, rounded (half to even where `bits` is negative). A product that does not fit is 0: odd on purpose,
 // the readers take a size that overflows for what its last byte says.
@@ -45,6 +48,9 @@ std::string AnsiBytesToString(Bytes bytes);
 // UTF-16, little-endian until a byte-order mark says otherwise. A mark anywhere in the bytes switches the order and is
 // not copied. A trailing odd byte is ignored; a unit that is half of no pair becomes U+FFFD.
 std::string Utf16BytesToString(Bytes bytes);
+
+// The picture that the bytes of an image make; nothing when they are no JPEG, PNG, GIF or BMP image.
+std::shared_ptr<Picture> PictureFromBytes(ByteArray bytes);
 
 // Every line feed as carriage return and line feed, also one that has its carriage return already.
 std::string LfToCrLf(std::string_view text);

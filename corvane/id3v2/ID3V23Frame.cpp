@@ -1,10 +1,13 @@
 #include "corvane/id3v2/ID3V23Frame.h"
 
+#include "corvane/id3v2/ByteHelpers.h"
 #include "corvane/id3v2/ReaderAnswers.h"
 
 namespace corvane {
 
 std::string ID3V23Frame::ID() const { return record_->id.text(); }
+
+std::shared_ptr<Picture> ID3V23Frame::createPicture() const { return PictureFromBytes(removeHeader()); }
 
 ByteArray ID3V23Frame::PictureRAW() const { return removeHeader(); }
 

@@ -52,6 +52,8 @@ std::string ID3V23Tag::OriginalArtist() const { return GetText("TOPE"); }
 std::string ID3V23Tag::Copyright() const { return GetText("TCOP"); }
 std::string ID3V23Tag::EncodedBy() const { return GetText("TENC"); }
 
+std::shared_ptr<corvane::Picture> ID3V23Tag::Picture() const { return recordedPicture(*frames_, *error_); }
+
 bool ID3V23Tag::splittedGenre(std::int16_t&, std::string& GenreDescription) const {
     const std::string contentType = GetText("TCON");
     if (contentType.starts_with('(')) GenreDescription = genreNameOf(contentType);
@@ -65,6 +67,7 @@ void ID3V23Tag::Title(std::string_view) {}
 void ID3V23Tag::Genre(std::string_view) {}
 void ID3V23Tag::Track(std::string_view) {}
 void ID3V23Tag::Year(std::string_view) {}
+void ID3V23Tag::Picture(const std::shared_ptr<corvane::Picture>&) {}
 void ID3V23Tag::LyricsUnsynced(std::string_view) {}
 void ID3V23Tag::LyricsSynced(std::string_view) {}
 void ID3V23Tag::UserURL(std::string_view) {}

@@ -8,6 +8,7 @@
 #include "corvane/id3v2/ID3V23Frame.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
+#include "corvane/platform/Picture.h"
 
 #include <cstdint>
 #include <memory>
@@ -58,6 +59,9 @@ public:
     bool canSave();
     bool saveTag();
 
+    // The picture of APIC; nothing without one, or when it is no JPEG, PNG, GIF or BMP image or can no longer be read.
+    std::shared_ptr<corvane::Picture> Picture() const;
+    void Picture(const std::shared_ptr<corvane::Picture>& value);
     std::string LyricsUnsynced() const; // USLT
     void LyricsUnsynced(std::string_view value);
     std::string LyricsSynced() const; // SYLT

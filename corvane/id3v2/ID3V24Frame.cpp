@@ -1,10 +1,13 @@
 #include "corvane/id3v2/ID3V24Frame.h"
 
+#include "corvane/id3v2/ByteHelpers.h"
 #include "corvane/id3v2/ReaderAnswers.h"
 
 namespace corvane {
 
 std::string ID3V24Frame::ID() const { return record_->id.text(); }
+
+std::shared_ptr<Picture> ID3V24Frame::createPicture() const { return PictureFromBytes(removeHeader()); }
 
 ByteArray ID3V24Frame::removeHeader() const {
     return valueOrEmpty([this] { return contentOf(*tag_, *record_); });

@@ -7,6 +7,7 @@
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
+#include "corvane/platform/Picture.h"
 
 #include <memory>
 #include <string>
@@ -21,6 +22,8 @@ class CORVANE_EXPORT ID3V24Frame {
 public:
     // The ID, 4 characters.
     std::string ID() const;
+    // The picture that removeHeader gives; nothing when it is no JPEG, PNG, GIF or BMP image.
+    std::shared_ptr<Picture> createPicture() const;
     // The payload without its leading fields (encoding, language, description, MIME type); all of it for frames that
     // have none. The description ends at the first single 0 byte in every encoding.
     ByteArray removeHeader() const;

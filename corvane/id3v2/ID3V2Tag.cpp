@@ -4,6 +4,7 @@
 #include "corvane/id3v2/ID3V23TagInternals.h"
 #include "corvane/id3v2/ID3V24TagInternals.h"
 #include "corvane/id3v2/ID3V2TagXml.h"
+#include "corvane/id3v2/ReaderAnswers.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlLayout.h"
@@ -171,6 +172,16 @@ std::string ID3V2Tag::OriginalArtist() { return text(FrameOfLaterVersions{"TOPE"
 std::string ID3V2Tag::Copyright() { return text(FrameOfLaterVersions{"TCOP"}); }
 std::string ID3V2Tag::EncodedBy() { return text(FrameOfLaterVersions{"TENC"}); }
 
+std::shared_ptr<corvane::Picture> ID3V2Tag::Picture() {
+    const auto none = std::shared_ptr<corvane::Picture>();
+    return withReader(none, Overloaded{[none](const corvane::ID3V22Tag&) { return none; },
+                                       [](const corvane::ID3V23Tag& reader) { return reader.Picture(); },
+                                       [this](const corvane::ID3V24Tag& reader) {
+                                           return recordedPicture(Internals<corvane::ID3V24Tag>::frames(reader),
+                                                                  *error_);
+                                       }});
+}
+
 // Writes do not read the tag: a host reads one property before it writes.
 corvane::ID3V23Tag& ID3V2Tag::writable() {
     if (!reader23_) throw RuntimeFailure(FailureNumber::ObjectNotSet, "ID3V2Tag", "Object variable not set.");
@@ -199,6 +210,10 @@ void ID3V2Tag::Track(std::string_view value) {
 
 void ID3V2Tag::Year(std::string_view value) {
     if (majorVersion() == 3) writable().Year(value);
+}
+
+void ID3V2Tag::Picture(const std::shared_ptr<corvane::Picture>& value) {
+    if (majorVersion() == 3) writable().Picture(value);
 }
 
 void ID3V2Tag::LyricsUnsynced(std::string_view value) {

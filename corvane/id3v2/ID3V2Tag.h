@@ -14,6 +14,7 @@
 #include "corvane/id3v2/ID3V2Version.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
+#include "corvane/platform/Picture.h"
 #include "corvane/platform/Variant.h"
 
 #include <cstdint>
@@ -67,7 +68,9 @@ public:
     // Whether the tag can be changed; when it cannot, LastError says why.
     bool canSave();
 
-    // ID3v2.3 and ID3v2.4 only, "" otherwise.
+    // ID3v2.3 and ID3v2.4 only, nothing and "" otherwise.
+    std::shared_ptr<corvane::Picture> Picture();
+    void Picture(const std::shared_ptr<corvane::Picture>& value);
     std::string LyricsUnsynced();
     void LyricsUnsynced(std::string_view value);
     std::string LyricsSynced();

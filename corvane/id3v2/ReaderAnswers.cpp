@@ -1,7 +1,10 @@
 #include "corvane/id3v2/ReaderAnswers.h"
 
+#include "corvane/id3v2/ByteHelpers.h"
 #include "corvane/id3v2/FrameText.h"
 #include "corvane/platform/Numbers.h"
+
+#include <utility>
 
 namespace corvane {
 
@@ -25,14 +28,22 @@ std::string textOfVersion22(const TagFrames& frames, const FrameRecord& record) 
 }
 
 ByteArray payloadOf(const TagFrames& frames, const FrameRecord& record) {
-    const Payload payload = frames.payload(record);
-    return {payload.bytes().begin(), payload.bytes().end()};
+    Payload payload = frames.payload(record);
+    const std::size_t size = payload.bytes().size();
+    return std::move(payload).takeLast(size);
 }
 
 ByteArray contentOf(const TagFrames& frames, const FrameRecord& record) {
-    const Payload payload = frames.payload(record);
-    const Bytes content = removeHeader(record.id, payload.bytes());
-    return {content.begin(), content.end()};
+    Payload payload = frames.payload(record);
+    const std::size_t size = removeHeader(record.id, payload.bytes()).size(); // its end is the payload's
+    return std::move(payload).takeLast(size);
+}
+
+std::shared_ptr<Picture> recordedPicture(const TagFrames& frames, cError& error) {
+    const FrameRecord* record = frames.find("APIC");
+    if (record == nullptr) return nullptr;
+    return recordFailures(error, std::shared_ptr<Picture>(),
+                          [&] { return PictureFromBytes(contentOf(frames, *record)); });
 }
 
 } // namespace corvane

@@ -46,6 +46,10 @@ ByteArray payloadOf(const TagFrames& frames, const FrameRecord& record);
 // A frame's payload without its leading fields. Fails as textOf does.
 ByteArray contentOf(const TagFrames& frames, const FrameRecord& record);
 
+// The picture of the frame APIC; nothing when there is no such frame, when it holds no image, or when reading it fails,
+// which is recorded.
+std::shared_ptr<Picture> recordedPicture(const TagFrames& frames, cError& error);
+
 // The text that `read(frames, record)` gives of a frame; "" when there is no such frame, or when reading it fails,
 // which is recorded.
 template <class Read>

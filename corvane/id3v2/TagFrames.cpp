@@ -28,13 +28,20 @@ Bytes part(Bytes bytes, const FrameRecord& record) {
 
 ByteArray readUnchanged(const std::string& path, const FileIdentity& identity, const FrameRecord& record) {
     FileReader file(path);
-    if (file.identity() != identity) throw RuntimeFailure(ESTALE, kSource, "The file was changed since it was read.");
-    ByteArray bytes = file.read(record.offset, record.size);
-    if (bytes.size() != record.size) throw RuntimeFailure(EIO, kSource, "The file was cut while it was read.");
+    ByteArray bytes = file.identity() == identity ? file.read(record.offset, record.size) : ByteArray();
+    const bool isWhole = bytes.size() == record.size && file.isUnchanged();
+    if (!isWhole) throw RuntimeFailure(ESTALE, kSource, "The file was changed since it was read.");
     return bytes;
 }
 
 } // namespace
+
+ByteArray Payload::takeLast(std::size_t size) && {
+    const Bytes last = view_.last(size);
+    if (owned_.empty()) return {last.begin(), last.end()};
+    owned_.erase(owned_.begin(), owned_.end() - static_cast<std::ptrdiff_t>(size));
+    return std::move(owned_);
+}
 
 const FrameRecord* TagFrames::at(std::size_t index) const {
     return index < firsts_.size() ? &records_[firsts_[index]] : nullptr;

@@ -43,6 +43,8 @@ public:
     Payload& operator=(Payload&&) noexcept = default;
 
     Bytes bytes() const { return view_; }
+    // The last `size` of the bytes in an array of their own.
+    ByteArray takeLast(std::size_t size) &&;
 
 private:
     ByteArray owned_;
