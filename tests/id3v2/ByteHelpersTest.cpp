@@ -1,8 +1,10 @@
 #include "corvane/id3v2/ByteHelpers.h"
 
+#include "corvane/platform/Picture.h"
 #include "corvane/platform/RuntimeFailure.h"
 
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -114,6 +116,21 @@ TEST(LfToCrLf, ReplacesEveryLineFeed) {
 }
 
 TEST(LfToCrLf, ReplacesALineFeedThatHasItsCarriageReturn) { EXPECT_EQ(LfToCrLf("a\r\nb"), "a\r\r\nb"); }
+
+TEST(PictureFromBytes, TakesTheFourKindsOfImages) {
+    for (const ByteArray& image :
+         {test::jpegImage(2, 3), test::pngImage(2, 3), test::gifImage(2, 3), test::bmpImage(2, 3)}) {
+        const auto picture = PictureFromBytes(image);
+        ASSERT_NE(picture, nullptr);
+        EXPECT_EQ(picture->height(), 3);
+        EXPECT_NE(picture->handle(), 0);
+    }
+}
+
+TEST(PictureFromBytes, IsNothingForAnythingElse) {
+    EXPECT_EQ(PictureFromBytes({}), nullptr);
+    EXPECT_EQ(PictureFromBytes(bytesOf("no image")), nullptr);
+}
 
 struct UtfCase {
     const char* name;

@@ -1,6 +1,7 @@
 #include "corvane/id3v2/ID3V23Frame.h"
 
 #include "tests/id3v2/TagOnDisk.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,14 @@ TEST(ID3V23Frame, APicturesBytesAreBehindItsHeader) {
     EXPECT_EQ(frame->PictureRAW(), bytesOf("PICTURE"));
     EXPECT_EQ(frame->removeHeader(), bytesOf("PICTURE"));
     EXPECT_EQ(frame->RawData(), pictureFrame(bytesOf("PICTURE")));
+}
+
+TEST(ID3V23Frame, APictureIsMadeOfTheBytesBehindItsHeader) {
+    const auto picture = frameOf("APIC", pictureFrame(pngImage(3, 2)))->createPicture();
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(ByteArray(picture->bytes().begin(), picture->bytes().end()), pngImage(3, 2));
+    EXPECT_EQ(picture->mimeType(), "image/png");
+    EXPECT_EQ(frameOf("APIC", pictureFrame(bytesOf("no image")))->createPicture(), nullptr);
 }
 
 TEST(ID3V23Frame, DescriptionAndLanguageOfAParsedFrameAreEmpty) {
@@ -67,6 +76,7 @@ TEST(ID3V23Frame, WhatCanNoLongerBeReadIsEmpty) {
     EXPECT_TRUE(frame->PictureRAW().empty());
     EXPECT_TRUE(frame->RawData().empty());
     EXPECT_EQ(frame->TextData(), "");
+    EXPECT_EQ(frame->createPicture(), nullptr);
     EXPECT_EQ(frame->ID(), "APIC");
 }
 

@@ -4,6 +4,7 @@
 #include "corvane/id3v2/TagFrames.h"
 
 #include "tests/id3v2/TagOnDisk.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -127,6 +128,35 @@ TEST(ID3V23Tag, TheUserUrlIsEmptySinceItsFrameHasNoText) {
     EXPECT_EQ(reader->UserURL(), "");
     reader->UserURL("http://b");
     EXPECT_EQ(textOf(reader->GetFrameByID("WXXX")->removeHeader()), "http://a");
+}
+
+TEST(ID3V23Tag, ThePictureIsThatOfItsFrame) {
+    TagOnDisk file(Id3v2Builder(3).frame("APIC", pictureFrame(jpegImage(4, 5))));
+    const auto reader = readerOf(file);
+    const auto picture = reader->Picture();
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->mimeType(), "image/jpeg");
+    EXPECT_EQ(picture->height(), 5);
+    reader->Picture(nullptr); // a parsed tag is not changed
+    EXPECT_NE(reader->Picture(), nullptr);
+}
+
+TEST(ID3V23Tag, WithoutAnImageThereIsNoPicture) {
+    TagOnDisk none(Id3v2Builder(3).text("TIT2", "t"));
+    EXPECT_EQ(readerOf(none)->Picture(), nullptr);
+    TagOnDisk other(Id3v2Builder(3).frame("APIC", pictureFrame(bytesOf("no image"))));
+    EXPECT_EQ(readerOf(other)->Picture(), nullptr);
+}
+
+TEST(ID3V23Tag, APictureThatCanNoLongerBeReadIsNothingAndRecorded) {
+    const ByteArray image = test::joined({pngImage(1, 1), ByteArray(100'000, 7)});
+    TagOnDisk file(Id3v2Builder(3).frame("APIC", pictureFrame(image)));
+    const auto reader = readerOf(file);
+    ASSERT_NE(reader->Picture(), nullptr);
+    EXPECT_EQ(reader->Picture()->bytes().size(), image.size());
+    file.replaceFile();
+    EXPECT_EQ(reader->Picture(), nullptr);
+    EXPECT_NE(lastErrorOf(*reader).find("The file was changed since it was read."), std::string::npos);
 }
 
 TEST(ID3V23Tag, AYearThatIsNoNumberIsNotWrittenEither) {

@@ -6,6 +6,7 @@
 #include "corvane/platform/RuntimeFailure.h"
 
 #include "tests/id3v2/TagOnDisk.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -249,6 +250,45 @@ TEST(ID3V2Tag, AWriteToAnyOtherVersionDoesNothing) {
         TagOnDisk file(fullTag(version));
         for (const Property& property : kProperties) EXPECT_NO_THROW((file.tag.*property.write)("x"));
         EXPECT_EQ(lastErrorOf(file.tag), "0, , ");
+    }
+}
+
+TEST(ID3V2Tag, ThePictureOfVersions23And24) {
+    for (const unsigned version : {3U, 4U}) {
+        TagOnDisk file(Id3v2Builder(version).frame("APIC", pictureFrame(gifImage(2, 1))));
+        const auto picture = file.tag.Picture();
+        ASSERT_NE(picture, nullptr);
+        EXPECT_EQ(picture->mimeType(), "image/gif");
+        TagOnDisk none(Id3v2Builder(version).text("TIT2", "t"));
+        EXPECT_EQ(none.tag.Picture(), nullptr);
+    }
+}
+
+TEST(ID3V2Tag, Version22HasNoPicture) {
+    TagOnDisk file(Id3v2Builder(2).frame("PIC", pictureFrameOfVersion22(pngImage(1, 1))));
+    EXPECT_EQ(file.tag.Picture(), nullptr);
+    EXPECT_EQ(lastErrorOf(file.tag), "0, , ");
+}
+
+TEST(ID3V2Tag, APictureIsWrittenAsTheOtherProperties) {
+    const auto picture = Picture::fromBytes(pngImage(1, 1));
+    TagOnDisk file(fullTag(3));
+    EXPECT_THROW(file.tag.Picture(picture), RuntimeFailure);
+    EXPECT_EQ(file.tag.Picture(), nullptr);
+    file.tag.Picture(picture);
+    EXPECT_EQ(file.tag.Picture(), nullptr);
+    TagOnDisk later(fullTag(4));
+    EXPECT_NO_THROW(later.tag.Picture(picture));
+}
+
+TEST(ID3V2Tag, APictureIsReadWhenItIsAskedForAndFromTheSameFileOnly) {
+    const ByteArray image = test::joined({pngImage(1, 1), ByteArray(100'000, 7)});
+    for (const unsigned version : {3U, 4U}) {
+        TagOnDisk file(Id3v2Builder(version).frame("APIC", pictureFrame(image)).text("TIT2", "t"));
+        EXPECT_EQ(file.tag.Title(), "t");
+        file.replaceFile();
+        EXPECT_EQ(file.tag.Picture(), nullptr);
+        EXPECT_EQ(file.tag.Title(), "t");
     }
 }
 

@@ -1,3 +1,5 @@
+#include "corvane/id3v2/TagLoad.h"
+
 #include "tests/id3v2/LoadedFrames.h"
 
 #include <gtest/gtest.h>
