@@ -23,6 +23,8 @@
 #include "corvane/lyrics/LyricsV200Field.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/platform/Bytes.h"
+#include "corvane/platform/Drive.h"
+#include "corvane/platform/File.h"
 #include "corvane/platform/MessageBox.h"
 #include "corvane/platform/Picture.h"
 #include "corvane/platform/RuntimeFailure.h"
