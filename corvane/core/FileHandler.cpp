@@ -1,5 +1,6 @@
 #include "corvane/core/FileHandler.h"
 
+#include "corvane/core/FileDocument.h"
 #include "corvane/core/FileHandlerInternals.h"
 #include "corvane/core/FileRoutines.h"
 #include "corvane/core/Id3v1Trailer.h"
@@ -12,6 +13,8 @@
 #include "corvane/lyrics/LyricsTagInternals.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/mpeg/MPEGHeaderInternals.h"
+#include "corvane/platform/Drive.h"
+#include "corvane/platform/File.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
@@ -121,7 +124,8 @@ EID3TagConstants FileHandler::readTag() {
 }
 
 bool FileHandler::HasTag() const {
-    return recordFailures(*error_, false, [&] { return fileExists(fileName_) && endsWithRecord(fileName_); });
+    return recordFailures(*error_, false,
+                          [&] { return fileExists(fileName_) && identityWithRecord(fileName_).has_value(); });
 }
 
 bool FileHandler::HasID3V1Tag() const {
@@ -148,11 +152,12 @@ bool FileHandler::writeID3v1xTag() {
 
 bool FileHandler::removeID3V1xTag() {
     return recordFailures(*error_, false, [&] {
-        if (!fileExists(fileName_) || !endsWithRecord(fileName_)) {
+        const auto known = fileExists(fileName_) ? identityWithRecord(fileName_) : std::nullopt;
+        if (!known) {
             error_->record("RemoveTag", "The file has no ID3v1x tag.");
             return false;
         }
-        FileRoutines().CutFileBytes(fileName_, static_cast<std::int32_t>(kId3v1RecordSize));
+        FileRoutines::CutFileBytes(fileName_, static_cast<std::int32_t>(kId3v1RecordSize), &*known);
         return true;
     });
 }
@@ -181,6 +186,19 @@ std::int32_t FileHandler::Size() const { return mpegHeader_->FileSize(); }
 
 std::string FileHandler::Path() const {
     return recordFailures(*error_, std::string(), [&] { return pathWithoutDrive(fileName_); });
+}
+
+std::shared_ptr<corvane::Drive> FileHandler::Drive() const {
+    return recordFailures(*error_, std::shared_ptr<corvane::Drive>(),
+                          [&] { return corvane::Drive::ofFile(fileName_); });
+}
+
+std::shared_ptr<corvane::File> FileHandler::File() const {
+    return recordFailures(*error_, std::shared_ptr<corvane::File>(), [&] { return corvane::File::ofPath(fileName_); });
+}
+
+std::string FileHandler::xml() {
+    return renderFileDocument(*this, [this] { loadLyricsTag(); });
 }
 
 } // namespace corvane

@@ -174,7 +174,7 @@ void FileRoutines::FileCopy(const std::string& FileSource, const std::string& Fi
     }
 }
 
-void FileRoutines::CutFileBytes(const std::string& File, std::int32_t NumBytesToCut) {
+void FileRoutines::CutFileBytes(const std::string& File, std::int32_t NumBytesToCut, const FileIdentity* known) {
     constexpr const char* kCopyExtension = "mp3";
     const std::string folder = folderOf(File);
     if (!folderExists(folder)) throw noTemporaryFile(folder);
@@ -182,6 +182,7 @@ void FileRoutines::CutFileBytes(const std::string& File, std::int32_t NumBytesTo
     asFailureOfCopy(folder + unguessableName("tmp", kCopyExtension), [&] {
         if (!fileExists(File)) throw noSource();
         replacement.emplace(File, kCopyExtension);
+        if (known != nullptr) replacement->requireUnchanged(*known);
     });
     try {
         replacement->begin();

@@ -6,6 +6,8 @@
 // of a copied file are those of a newly written one.
 #pragma once
 
+#include "corvane/platform/FileIdentity.h"
+
 #include <cstdint>
 #include <string>
 
@@ -49,8 +51,9 @@ public:
     // afterwards its name holds the shortened content, or what it held before. No temporary file stays.
     //
     // A failed copy has the source "FileCopy" and the description "temporary file's name - what went wrong"; more bytes
-    // to cut than the file has are such a failure.
-    static void CutFileBytes(const std::string& File, std::int32_t NumBytesToCut);
+    // to cut than the file has are such a failure. So is a file that is not in the state `known` any more, where a
+    // caller has looked at what it cuts off.
+    static void CutFileBytes(const std::string& File, std::int32_t NumBytesToCut, const FileIdentity* known = nullptr);
 };
 
 } // namespace corvane

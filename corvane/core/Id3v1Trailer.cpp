@@ -16,9 +16,11 @@ std::optional<Id3v1Fields> readTrailer(FileReader& file) {
     return decodeRecord(file.view(file.size() - kId3v1RecordSize, kId3v1RecordSize));
 }
 
-bool endsWithRecord(const std::string& path) {
+std::optional<FileIdentity> identityWithRecord(const std::string& path) {
     FileReader file(path);
-    return file.size() > kId3v1RecordSize && isRecord(file.view(file.size() - kId3v1RecordSize, kId3v1RecordSize));
+    if (file.size() <= kId3v1RecordSize) return std::nullopt;
+    if (!isRecord(file.view(file.size() - kId3v1RecordSize, kId3v1RecordSize))) return std::nullopt;
+    return file.identity();
 }
 
 void writeTrailer(const std::string& path, Bytes record) {

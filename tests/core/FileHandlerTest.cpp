@@ -4,6 +4,8 @@
 #include "corvane/id3v2/ID3V2Tag.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/mpeg/MPEGHeader.h"
+#include "corvane/platform/Drive.h"
+#include "corvane/platform/File.h"
 
 #include "tests/support/ByteBuilder.h"
 #include "tests/support/ScratchFolder.h"
@@ -462,6 +464,24 @@ TEST_F(FileHandlerTest, ThePathOfARelativeNameIsThatOfItsAbsoluteForm) {
     EXPECT_TRUE(handler.Create("./a.mp3"));
     EXPECT_EQ("/" + handler.Path(), folder_.path() + "/");
     std::filesystem::current_path(before);
+}
+
+TEST_F(FileHandlerTest, DriveAndFileAreThoseOfTheFileSystem) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    ASSERT_TRUE(handler.Drive());
+    EXPECT_GT(handler.Drive()->TotalSize(), 0U);
+    ASSERT_TRUE(handler.File());
+    EXPECT_EQ(handler.File()->Name(), "a.mp3");
+    EXPECT_EQ(handler.File()->Size(), 1000U);
+}
+
+TEST_F(FileHandlerTest, AFileThatIsGoneHasNoEntryAndThatIsRecorded) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(audio())));
+    std::filesystem::remove(folder_.path("a.mp3"));
+    EXPECT_FALSE(handler.File());
+    EXPECT_TRUE(handler.LastError()->Stream().starts_with("2, ")) << handler.LastError()->Stream();
 }
 
 TEST_F(FileHandlerTest, AFileBeyondTwoGibibytesIsAnOverflowOfItsHeaderOnly) {

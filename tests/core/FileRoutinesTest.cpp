@@ -1,5 +1,6 @@
 #include "corvane/core/FileRoutines.h"
 
+#include "corvane/platform/FileReader.h"
 #include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
 
@@ -340,6 +341,17 @@ TEST(CutFileBytes, MoreThanThereIsIsAFailureThatChangesNothing) {
         EXPECT_EQ(contentOf(path), bytesOf("abc"));
         EXPECT_EQ(folder.names(), Names{"a.mp3"});
     }
+}
+
+TEST(CutFileBytes, AFileThatWasChangedSinceTheCallerLookedIsNotCut) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("a.mp3", countedBytes(300));
+    const FileIdentity known = FileReader(path).identity();
+    folder.write("a.mp3", countedBytes(200));
+    expectCopyFailure(failureOf([&] { FileRoutines::CutFileBytes(path, 128, &known); }), folder.path(),
+                      "The file was changed by another program meanwhile");
+    EXPECT_EQ(contentOf(path), countedBytes(200));
+    EXPECT_EQ(folder.names(), Names{"a.mp3"});
 }
 
 TEST(CutFileBytes, AMissingFolderIsNamedInTheFailure) {
