@@ -1,0 +1,30 @@
+#include "apps/cli/Commands.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane::cli {
+
+namespace {
+
+constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
+
+// In the order in which the help text lists them.
+constexpr std::array kCommands{
+    CommandEntry{"genres", "List the genre numbers of ID3v1 and their names", "", 0, 0,
+                 "corvane genres\n"
+                 "corvane genres --json",
+                 makeGenresCommand},
+};
+
+} // namespace
+
+std::span<const CommandEntry> commands() { return kCommands; }
+
+const CommandEntry* findCommand(std::string_view name) {
+    const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [name](const CommandEntry& entry) { return entry.name == name; });
+    return found == kCommands.end() ? nullptr : &*found;
+}
+
+} // namespace corvane::cli
