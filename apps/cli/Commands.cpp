@@ -11,6 +11,15 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 // In the order in which the help text lists them.
 constexpr std::array kCommands{
+    CommandEntry{"set", "Set values of the ID3v1 tags of files; an empty value deletes", "FILE...", 1, kAnyNumber,
+                 "corvane set song.mp3 --title \"New title\" --track 7 --genre Jazz\n"
+                 "corvane set --album \"\" --keep-mtime *.mp3\n"
+                 "corvane set --dry-run --year 1999 -- -odd-name.mp3",
+                 makeSetCommand},
+    CommandEntry{"remove", "Remove the ID3v1 tags of files", "FILE...", 1, kAnyNumber,
+                 "corvane remove song.mp3\n"
+                 "corvane remove --dry-run *.mp3",
+                 makeRemoveCommand},
     CommandEntry{"genres", "List the genre numbers of ID3v1 and their names", "", 0, 0,
                  "corvane genres\n"
                  "corvane genres --json",

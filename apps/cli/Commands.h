@@ -9,6 +9,8 @@
 
 namespace corvane::cli {
 
+std::unique_ptr<Command> makeSetCommand();
+std::unique_ptr<Command> makeRemoveCommand();
 std::unique_ptr<Command> makeGenresCommand();
 
 std::span<const CommandEntry> commands();
