@@ -24,6 +24,10 @@ constexpr std::array kCommands{
                  "corvane genres\n"
                  "corvane genres --json",
                  makeGenresCommand},
+    CommandEntry{"selftest", "Write, read and compare a tag on a scratch file", "[DIR]", 0, 1,
+                 "corvane selftest\n"
+                 "corvane selftest /mnt/player",
+                 makeSelftestCommand},
 };
 
 } // namespace

@@ -12,6 +12,7 @@ namespace corvane::cli {
 std::unique_ptr<Command> makeSetCommand();
 std::unique_ptr<Command> makeRemoveCommand();
 std::unique_ptr<Command> makeGenresCommand();
+std::unique_ptr<Command> makeSelftestCommand();
 
 std::span<const CommandEntry> commands();
 
