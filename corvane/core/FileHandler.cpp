@@ -65,12 +65,24 @@ FileHandler::~FileHandler() = default;
 
 bool FileHandler::Create(const std::string& FileName) {
     return recordFailures(*error_, false, [&] {
-        fileName_ = FileName;
-        id3v1Tag_ = std::make_shared<ID3V1Tag>();
+        begin(FileName);
         FileReader file(FileName);
         analyse(file);
         return true;
     });
+}
+
+bool FileHandler::create(const std::string& fileName, FileReader& file) {
+    return recordFailures(*error_, false, [&] {
+        begin(fileName);
+        analyse(file);
+        return true;
+    });
+}
+
+void FileHandler::begin(const std::string& fileName) {
+    fileName_ = fileName;
+    id3v1Tag_ = std::make_shared<ID3V1Tag>();
 }
 
 void FileHandler::analyse(FileReader& file) {

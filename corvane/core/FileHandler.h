@@ -90,6 +90,8 @@ public:
 private:
     friend struct Internals<FileHandler>;
 
+    bool create(const std::string& fileName, FileReader& file);
+    void begin(const std::string& fileName);
     void analyse(FileReader& file);
     std::int32_t readId3v2Header(Bytes head);
     void readId3v1Record(FileReader& file);

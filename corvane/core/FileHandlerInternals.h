@@ -10,6 +10,11 @@ namespace corvane {
 
 template <>
 struct Internals<FileHandler> {
+    // Create, with a file that is open already.
+    static bool create(FileHandler& handler, const std::string& fileName, FileReader& file) {
+        return handler.create(fileName, file);
+    }
+    static const cError& error(const FileHandler& handler) { return *handler.error_; }
     // Binds the handler to a file without opening it.
     static void setFileName(FileHandler& handler, std::string fileName) { handler.fileName_ = std::move(fileName); }
 };

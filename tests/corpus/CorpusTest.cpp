@@ -1,6 +1,8 @@
 // Real files of other people's encoders and taggers: every one gives a well-formed document or a clear error. The
 // folder is named by the environment variable CORVANE_CORPUS; without it this test is not registered.
 #include "corvane/core/FileHandler.h"
+#include "corvane/core/FileSummary.h"
+#include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlText.h"
 
 #include "tests/support/WellFormed.h"
@@ -45,6 +47,16 @@ TEST(Corpus, EveryFileGivesAWellFormedDocumentOrAClearError) {
         ++documents;
     }
     std::printf("%zu documents, %zu clear errors\n", documents, errors);
+}
+
+TEST(Corpus, EveryFileHasASummaryOrAClearError) {
+    for (const std::string& path : corpusFiles()) {
+        try {
+            summarize(path);
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_FALSE(failure.description().empty()) << path;
+        }
+    }
 }
 
 } // namespace

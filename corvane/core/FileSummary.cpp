@@ -1,0 +1,100 @@
+#include "corvane/core/FileSummary.h"
+
+#include "corvane/core/FileHandler.h"
+#include "corvane/core/FileHandlerInternals.h"
+#include "corvane/id3v1/GenreTable.h"
+#include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/id3v1/Id3v1Record.h"
+#include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/ID3V2TagInternals.h"
+#include "corvane/lyrics/LyricsFormat.h"
+#include "corvane/mpeg/MPEGHeader.h"
+#include "corvane/mpeg/MPEGHeaderInternals.h"
+#include "corvane/platform/FileReader.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+const char* lyricsName(FileReader& file, bool hasId3v1) {
+    const std::size_t behind = hasId3v1 ? kId3v1RecordSize : 0;
+    if (file.size() < behind + kLyricsTrailerSize) return nullptr;
+    switch (lyricsVersionOf(file.view(file.size() - behind - kLyricsTrailerSize, kLyricsTrailerSize))) {
+    case ELyricsVersionConstants::lvcV100:
+        return "Lyrics3v1";
+    case ELyricsVersionConstants::lvcV200:
+        return "Lyrics3v2";
+    default:
+        return {};
+    }
+}
+
+std::string versionName(const ID3V2Version& version) {
+    std::string name = "ID3v2.";
+    return name.append(std::to_string(version.Minor())).append(".").append(std::to_string(version.Revision()));
+}
+
+void takeAudioFacts(FileSummary& summary, const MPEGHeader& header) {
+    if (Internals<MPEGHeader>::headerPosition(header) == 0) return;
+    summary.durationSeconds = header.Duration();
+    summary.frequencyHz = header.Frequency();
+    summary.vbr = header.VBR();
+    try {
+        summary.bitRateKbps = header.BitRate();
+    } catch (const RuntimeFailure&) {
+        summary.bitRateKbps = -1; // a VBR header that lies can make it any number
+    }
+}
+
+void takeId3v2Texts(FileSummary& summary, ID3V2Tag& tag, FileReader& file) {
+    if (!Internals<ID3V2Tag>::loadTag(tag, file)) return;
+    summary.title = tag.Title();
+    summary.artist = tag.Artist();
+    summary.album = tag.Album();
+    summary.year = tag.Year();
+    summary.track = tag.Track();
+    summary.genre = tag.Genre();
+    summary.comment = tag.Comment();
+}
+
+void takeId3v1Texts(FileSummary& summary, const ID3V1Tag& tag) {
+    const auto take = [](std::string& text, std::string value) {
+        if (text.empty()) text = std::move(value);
+    };
+    take(summary.title, tag.Title());
+    take(summary.artist, tag.Artist());
+    take(summary.album, tag.Album());
+    take(summary.year, tag.Year());
+    take(summary.comment, tag.Comment());
+    if (tag.Track() > 0) take(summary.track, std::to_string(tag.Track()));
+    if (tag.Genre() != kUndefinedGenre) take(summary.genre, std::string(genreName(tag.Genre())));
+}
+
+} // namespace
+
+FileSummary summarize(const std::string& path) {
+    FileReader file(path);
+    FileHandler handler;
+    if (!Internals<FileHandler>::create(handler, path, file)) {
+        const cError& error = Internals<FileHandler>::error(handler);
+        throw RuntimeFailure(error.Number, error.Source, error.Description);
+    }
+    FileSummary summary;
+    takeAudioFacts(summary, *handler.MPEGHeader());
+    if (handler.HasID3V2Tag()) {
+        summary.tags.push_back(versionName(*handler.ID3V2Tag()->Version()));
+        takeId3v2Texts(summary, *handler.ID3V2Tag(), file);
+    }
+    if (const char* name = lyricsName(file, handler.HasID3V1Tag())) summary.tags.emplace_back(name);
+    if (handler.HasID3V1Tag()) {
+        const ID3V1Tag& tag = *handler.ID3v1xTag();
+        summary.tags.emplace_back(tag.TagType() == EID3TagConstants::ID3V11 ? "ID3v1.1" : "ID3v1");
+        takeId3v1Texts(summary, tag);
+    }
+    return summary;
+}
+
+} // namespace corvane
