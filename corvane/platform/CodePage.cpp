@@ -25,6 +25,9 @@ constexpr char32_t characterOf(std::uint8_t byte) {
 } // namespace
 
 std::string decodeCodePage(Bytes bytes) {
+    unsigned all = 0;
+    for (const std::uint8_t byte : bytes) all |= byte;
+    if (all < 0x80) return {bytes.begin(), bytes.end()}; // ASCII, as most texts are
     std::string text;
     text.reserve(bytes.size());
     for (const std::uint8_t byte : bytes) {
