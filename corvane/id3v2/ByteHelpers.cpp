@@ -19,6 +19,23 @@ constexpr std::uint32_t kBigEndianMark = 0xFEFF;
 
 constexpr char16_t swapped(std::uint32_t unit) { return static_cast<char16_t>(unit << 8 | unit >> 8); }
 
+// Most texts in UTF-16 are a little-endian mark and ASCII, which takes one look and one copy. Plain loops over whole
+// units, which compilers make short work of; nothing for other texts.
+std::optional<std::string> asciiOfUtf16(Bytes bytes) {
+    ByteReader reader(bytes);
+    if (reader.number<2>() != kLittleEndianMark) return std::nullopt;
+    std::string text(reader.left() / 2, ' ');
+    const Bytes units = *reader.take(2 * text.size());
+    unsigned low = 0, high = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        low |= units[2 * i];
+        high |= units[2 * i + 1];
+    }
+    if (high != 0 || low >= 0x80) return std::nullopt;
+    for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>(units[2 * i]);
+    return text;
+}
+
 } // namespace
 
 std::int32_t SynchsafeToLong(Bytes bytes) {
@@ -26,15 +43,6 @@ std::int32_t SynchsafeToLong(Bytes bytes) {
     for (const std::uint8_t byte : bytes) {
         result = narrowed<std::int32_t>(std::int64_t{ShiftLeft(result, 7)} + byte, "SynchsafeToLong");
     }
-    return result;
-}
-
-std::int32_t BytesToLong(Bytes bytes, std::int32_t start, std::int32_t count) {
-    if (start < 0 || count < 1) return 0;
-    const auto digits = readerAt(bytes, static_cast<std::size_t>(start)).take(static_cast<std::size_t>(count));
-    if (!digits) return 0;
-    std::int32_t result = 0;
-    for (const std::uint8_t byte : *digits) result = ShiftLeft(result, 8) + byte;
     return result;
 }
 
@@ -49,6 +57,7 @@ std::string BytesToString(Bytes bytes, std::int32_t start, std::int32_t count) {
 std::string AnsiBytesToString(Bytes bytes) { return decodeCodePage(bytes); }
 
 std::string Utf16BytesToString(Bytes bytes) {
+    if (auto ascii = asciiOfUtf16(bytes)) return std::move(*ascii);
     std::u16string units;
     units.reserve(bytes.size() / 2);
     bool bigEndian = false;

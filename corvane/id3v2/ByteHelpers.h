@@ -1,6 +1,7 @@
 // The byte and text helpers that the readers of all ID3v2 versions share.
 #pragma once
 
+#include "corvane/platform/ByteReader.h"
 #include "corvane/platform/Bytes.h"
 
 #include <cstdint>
@@ -36,7 +37,14 @@ std::int32_t SynchsafeToLong(Bytes bytes);
 
 // `count` bytes from index `start` on as a big-endian number, each step a ShiftLeft: 80 00 00 05 is 5, on purpose.
 // 0 when one of them lies outside the array or `count` is below 1.
-std::int32_t BytesToLong(Bytes bytes, std::int32_t start, std::int32_t count);
+constexpr std::int32_t BytesToLong(Bytes bytes, std::int32_t start, std::int32_t count) {
+    if (start < 0 || count < 1) return 0;
+    const auto digits = readerAt(bytes, static_cast<std::size_t>(start)).take(static_cast<std::size_t>(count));
+    if (!digits) return 0;
+    std::int32_t result = 0;
+    for (const std::uint8_t byte : *digits) result = ShiftLeft(result, 8) + byte;
+    return result;
+}
 
 // One character per byte (ISO-8859-1), from index `start` for `count` bytes, or to the end when `count` is 0 or less.
 // What lies outside the array gives no character.

@@ -5,7 +5,6 @@
 #include "corvane/id3v2/TagFrames.h"
 #include "corvane/platform/FileReader.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -23,9 +22,11 @@ public:
     template <class Layout>
     WalkEnd walk(const Layout& layout, std::uint64_t begin, std::uint64_t end) {
         const auto take = [&](const FrameHeader& header, std::uint64_t data) {
-            const std::size_t extraCount = std::min<std::size_t>(header.size, Layout::kMostExtra);
-            const auto form = layout.form(header, extraCount == 0 ? Bytes{} : view(data, extraCount));
-            return form && keep(header, *form, data);
+            const std::uint32_t extraCount = layout.extraCount(header);
+            if (extraCount > header.size) return false;
+            const Bytes extra = extraCount == 0 ? Bytes{} : view(data, extraCount);
+            return extra.size() == extraCount &&
+                   keep(header.id, layout.form(header, extra), data + extraCount, header.size - extraCount);
         };
         const WalkEnd walked = walkFrames(layout, *this, begin, end, take);
         frames_->paddingSize_ = walked.paddingSize;
@@ -38,8 +39,9 @@ public:
     Bytes view(std::uint64_t position, std::size_t count);
 
 private:
-    bool keep(const FrameHeader& header, const FrameForm& form, std::uint64_t data);
+    bool keep(FrameId id, const FrameForm& form, std::uint64_t payload, std::uint32_t payloadSize);
     bool gather(FrameRecord& record);
+    void gather(FrameRecord& record, Bytes payload);
 
     std::shared_ptr<TagFrames> frames_ = std::make_shared<TagFrames>();
     FileReader* file_ = nullptr;

@@ -13,7 +13,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace corvane {
 
@@ -22,58 +21,92 @@ struct FrameHeader {
     std::uint32_t size = 0; // bytes of the frame data behind the header
     std::uint8_t formatFlags = 0;
     bool isPadding = false; // the first byte of the ID is 0: here is no frame
+
+    constexpr bool has(std::uint8_t formatFlag) const { return (formatFlags & formatFlag) != 0; }
 };
 
 // How the frame data of one frame are to be read.
 struct FrameForm {
-    std::uint32_t extraCount = 0; // bytes of the frame data in front of the payload
-    bool unsynchronised = false;  // to be undone first
-    bool encrypted = false;       // the payload stays as it is, whatever else is set
+    bool unsynchronised = false; // to be undone first
+    bool encrypted = false;      // the payload stays as it is, whatever else is set
     bool compressed = false;
     std::int32_t inflatedSize = 0; // bytes, as claimed
 };
 
-constexpr FrameHeader decodeFrameHeader(Bytes bytes, std::size_t idLength, std::int32_t size) {
+// A header of ID3v2.3 and ID3v2.4; `decodeSize` decodes its 4 size bytes.
+template <class DecodeSize>
+constexpr FrameHeader decodeFrameHeader(Bytes bytes, DecodeSize decodeSize) {
+    ByteReader reader(bytes);
     FrameHeader header;
-    for (const std::uint8_t byte : bytes.first(idLength)) header.id.code = header.id.code << 8 | byte;
-    header.size = static_cast<std::uint32_t>(size);
-    header.isPadding = bytes.front() == 0;
+    header.id = FrameId(reader.number<4>().value_or(0));
+    header.isPadding = header.id.code >> 24 == 0;
+    header.size = static_cast<std::uint32_t>(decodeSize(reader.take(4).value_or(Bytes{})));
+    reader.take(1); // the status flags
+    header.formatFlags = static_cast<std::uint8_t>(reader.number<1>().value_or(0));
     return header;
 }
 
-// `header(bytes)` takes exactly kHeaderSize bytes. `form(header, data)` takes the first kMostExtra bytes of the frame
-// data, or all when there are fewer, and gives nothing when the announced extra bytes are not there.
+// `header(bytes)` takes exactly kHeaderSize bytes. `extraCount(header)` bytes in front of the payload are what
+// `form(header, extra)` takes.
 struct Layout22 {
     static constexpr std::size_t kHeaderSize = 6;
-    static constexpr std::size_t kMostExtra = 0;
 
-    FrameHeader header(Bytes bytes) const { return decodeFrameHeader(bytes, 3, BytesToLong(bytes, 3, 3)); }
-    std::optional<FrameForm> form(const FrameHeader&, Bytes) const { return FrameForm{}; }
+    constexpr FrameHeader header(Bytes bytes) const {
+        ByteReader reader(bytes);
+        const FrameId id(reader.number<3>().value_or(0));
+        return {.id = id, .size = reader.number<3>().value_or(0), .isPadding = id.code >> 16 == 0};
+    }
+    constexpr std::uint32_t extraCount(const FrameHeader&) const { return 0; }
+    constexpr FrameForm form(const FrameHeader&, Bytes) const { return {}; }
 };
 
 struct Layout23 {
     static constexpr std::size_t kHeaderSize = 10;
-    static constexpr std::size_t kMostExtra = 6;
     static constexpr std::uint8_t kCompressed = 0x80, kEncrypted = 0x40, kGrouped = 0x20;
 
-    FrameHeader header(Bytes bytes) const;
-    // The group identifier is taken first, then the encryption method, then the decompressed size. Odd on purpose: the
+    constexpr FrameHeader header(Bytes bytes) const {
+        return decodeFrameHeader(bytes, [](Bytes size) { return BytesToLong(size, 0, 4); });
+    }
+    constexpr std::uint32_t extraCount(const FrameHeader& header) const {
+        return (header.has(kGrouped) ? 1U : 0U) + (header.has(kEncrypted) ? 1U : 0U) +
+               (header.has(kCompressed) ? 4U : 0U);
+    }
+    // The group identifier comes first, then the encryption method, then the decompressed size. Odd on purpose: the
     // published format has them the other way round, and hosts rely on this order.
-    std::optional<FrameForm> form(const FrameHeader& header, Bytes data) const;
+    constexpr FrameForm form(const FrameHeader& header, Bytes extra) const {
+        FrameForm form;
+        form.encrypted = header.has(kEncrypted);
+        form.compressed = header.has(kCompressed);
+        if (form.compressed) form.inflatedSize = BytesToLong(extra, static_cast<std::int32_t>(extra.size()) - 4, 4);
+        return form;
+    }
 };
 
 struct Layout24 {
     static constexpr std::size_t kHeaderSize = 10;
-    static constexpr std::size_t kMostExtra = 6;
     // Odd on purpose: the published format has compression in bit 08, encryption in 04, unsynchronisation in 02 and the
     // data-length indicator in 01.
     static constexpr std::uint8_t kCompressed = 0x80, kEncrypted = 0x40, kUnsynchronised = 0x20, kDataLength = 0x10;
 
     bool tagUnsynchronised = false; // the tag's header says it for all frames
 
-    FrameHeader header(Bytes bytes) const;
-    // Bit 40 announces two bytes, a group identifier and one more.
-    std::optional<FrameForm> form(const FrameHeader& header, Bytes data) const;
+    FrameHeader header(Bytes bytes) const {
+        return decodeFrameHeader(bytes, [](Bytes size) { return SynchsafeToLong(size); });
+    }
+    // Bit 40 announces two bytes, a group identifier and one more; the data length stands behind them.
+    constexpr std::uint32_t extraCount(const FrameHeader& header) const {
+        return (header.has(kEncrypted) ? 2U : 0U) + (header.has(kDataLength) ? 4U : 0U);
+    }
+    FrameForm form(const FrameHeader& header, Bytes extra) const {
+        FrameForm form;
+        form.unsynchronised = tagUnsynchronised || header.has(kUnsynchronised);
+        form.encrypted = header.has(kEncrypted);
+        form.compressed = header.has(kCompressed);
+        if (header.has(kDataLength)) {
+            form.inflatedSize = SynchsafeToLong(readerAt(extra, header.has(kEncrypted) ? 2 : 0).takeRest());
+        }
+        return form;
+    }
 };
 
 } // namespace corvane

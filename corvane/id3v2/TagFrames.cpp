@@ -7,6 +7,7 @@
 #include "corvane/platform/RuntimeFailure.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cerrno>
 
 namespace corvane {
@@ -21,6 +22,21 @@ constexpr std::size_t kFewFrames = 64;
 constexpr std::uint64_t sortKey(FrameId id, std::size_t index) { return std::uint64_t{id.code} << 32 | index; }
 constexpr std::uint32_t indexOf(std::uint64_t key) { return static_cast<std::uint32_t>(key); }
 constexpr std::uint32_t codeOf(std::uint64_t key) { return static_cast<std::uint32_t>(key >> 32); }
+
+// Remembers IDs well enough to know most of the new ones without a search.
+class SeenIds {
+public:
+    // Whether the ID is certainly none of those asked about before.
+    bool isNew(FrameId id) {
+        const std::size_t bit = id.code * 2654435761U >> 22;
+        const bool isNew = !seen_[bit];
+        seen_[bit] = true;
+        return isNew;
+    }
+
+private:
+    std::bitset<1024> seen_;
+};
 
 Bytes part(Bytes bytes, const FrameRecord& record) {
     return readerAt(bytes, static_cast<std::size_t>(record.offset)).take(record.size).value_or(Bytes{});
@@ -69,6 +85,7 @@ Bytes TagFrames::bytesInMemory(const FrameRecord& record) const {
 
 Payload TagFrames::payload(const FrameRecord& record) const {
     const bool isInFile = record.place == FramePlace::File;
+    if (!isInFile && record.isPlain()) return bytesInMemory(record);
     auto payload = undone(isInFile ? Payload(readUnchanged(path_, identity_, record)) : bytesInMemory(record), record);
     if (!payload) throw RuntimeFailure(EBADMSG, kSource, "The frame cannot be inflated.");
     return std::move(*payload);
@@ -79,8 +96,10 @@ Payload TagFrames::payload(const FrameRecord& record) const {
 void TagFrames::buildKeys() {
     firsts_.reserve(records_.size());
     if (records_.size() <= kFewFrames) {
+        SeenIds seen;
         for (std::uint32_t i = 0; i < records_.size(); ++i) {
-            if (find(records_[i].id) == &records_[i]) firsts_.push_back(i);
+            const bool isFirst = seen.isNew(records_[i].id) || find(records_[i].id) == &records_[i];
+            if (isFirst) firsts_.push_back(i);
         }
         return;
     }

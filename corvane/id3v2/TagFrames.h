@@ -32,6 +32,8 @@ struct FrameRecord {
     bool encrypted = false;
     bool unsynchronised = false; // the bytes at `offset` are still to be undone
     bool compressed = false;     // the bytes at `offset` are still to be inflated
+
+    bool isPlain() const { return !unsynchronised && !compressed; } // the bytes at `offset` are the payload
 };
 
 // The bytes of a payload: a view into the tag, or bytes read for the purpose. A view is good as long as the tag is.
