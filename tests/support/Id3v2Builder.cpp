@@ -63,7 +63,7 @@ ByteArray textFrame(std::string_view text, Encoding encoding) {
     return begun(encoding).bytes(encoded(encoding, text)).done();
 }
 
-ByteArray textFrame(const std::vector<std::string>& values, Encoding encoding) {
+ByteArray valuesFrame(const std::vector<std::string>& values, Encoding encoding) {
     ByteBuilder bytes = begun(encoding);
     for (std::size_t i = 0; i < values.size(); ++i) {
         bytes.bytes(encoded(encoding, values[i]));

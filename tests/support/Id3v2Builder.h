@@ -24,7 +24,7 @@ ByteArray terminated(Encoding encoding, std::string_view text);
 // Frame data: what stands behind a frame's header.
 ByteArray textFrame(std::string_view text, Encoding encoding = Encoding::CodePage);
 // Several values, each but the last one with its end.
-ByteArray textFrame(const std::vector<std::string>& values, Encoding encoding);
+ByteArray valuesFrame(const std::vector<std::string>& values, Encoding encoding);
 // TXXX and, with the address always in the code page, WXXX.
 ByteArray userTextFrame(std::string_view description, std::string_view text, Encoding encoding = Encoding::CodePage);
 ByteArray userUrlFrame(std::string_view description, std::string_view url, Encoding encoding = Encoding::CodePage);
