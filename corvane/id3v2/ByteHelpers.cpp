@@ -1,5 +1,6 @@
 #include "corvane/id3v2/ByteHelpers.h"
 
+#include "corvane/id3v2/Utf16Text.h"
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/Numbers.h"
@@ -18,23 +19,6 @@ constexpr std::uint32_t kLittleEndianMark = 0xFFFE; // the mark's two bytes in f
 constexpr std::uint32_t kBigEndianMark = 0xFEFF;
 
 constexpr char16_t swapped(std::uint32_t unit) { return static_cast<char16_t>(unit << 8 | unit >> 8); }
-
-// Most texts in UTF-16 are a little-endian mark and ASCII, which takes one look and one copy. Plain loops over whole
-// units, which compilers make short work of; nothing for other texts.
-std::optional<std::string> asciiOfUtf16(Bytes bytes) {
-    ByteReader reader(bytes);
-    if (reader.number<2>() != kLittleEndianMark) return std::nullopt;
-    std::string text(reader.left() / 2, ' ');
-    const Bytes units = *reader.take(2 * text.size());
-    unsigned low = 0, high = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        low |= units[2 * i];
-        high |= units[2 * i + 1];
-    }
-    if (high != 0 || low >= 0x80) return std::nullopt;
-    for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>(units[2 * i]);
-    return text;
-}
 
 } // namespace
 
@@ -57,11 +41,14 @@ std::string BytesToString(Bytes bytes, std::int32_t start, std::int32_t count) {
 std::string AnsiBytesToString(Bytes bytes) { return decodeCodePage(bytes); }
 
 std::string Utf16BytesToString(Bytes bytes) {
-    if (auto ascii = asciiOfUtf16(bytes)) return std::move(*ascii);
+    ByteReader reader(bytes);
+    ByteReader ahead = reader;
+    if (ahead.number<2>() == kLittleEndianMark) { // how nearly all texts begin, and most go on in ASCII
+        if (auto ascii = asciiOfUtf16(ahead.takeRest(), false)) return std::move(*ascii);
+    }
     std::u16string units;
     units.reserve(bytes.size() / 2);
     bool bigEndian = false;
-    ByteReader reader(bytes);
     while (const auto unit = reader.number<2>()) {
         if (*unit == kLittleEndianMark || *unit == kBigEndianMark) {
             bigEndian = *unit == kBigEndianMark;

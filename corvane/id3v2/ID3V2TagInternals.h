@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/ReadableTag.h"
 
 #include <pugixml.hpp>
 
@@ -22,6 +23,11 @@ struct Internals<ID3V2Tag> {
     static void appendXml(ID3V2Tag& tag, pugi::xml_node parent) { tag.appendXml(parent); }
     // The frames of a loaded tag, nullptr before; they live as long as the tag.
     static const TagFrames* frames(const ID3V2Tag& tag) { return tag.frames(); }
+    // What a loaded tag tells people, see ReadableTag; nothing but "" before it is loaded.
+    static ReadableTag readable(const ID3V2Tag& tag) {
+        const TagFrames* frames = tag.frames();
+        return frames == nullptr ? ReadableTag() : readableTag(*frames);
+    }
 };
 
 } // namespace corvane

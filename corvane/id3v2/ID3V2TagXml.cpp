@@ -1,8 +1,7 @@
 #include "corvane/id3v2/ID3V2TagXml.h"
 
 #include "corvane/id3v2/FrameText.h"
-#include "corvane/platform/ByteReader.h"
-#include "corvane/platform/Utf.h"
+#include "corvane/id3v2/Utf16Text.h"
 #include "corvane/xml/XmlLayout.h"
 
 #include <algorithm>
@@ -41,15 +40,7 @@ const char* nameOf(FrameId id, unsigned majorVersion) {
 
 // Bytes assigned to a string, as the automation hosts do it: each two bytes are one UTF-16 unit, low byte first. An odd
 // last byte has no unit and is dropped.
-std::string textOfUnits(Bytes bytes) {
-    std::u16string units;
-    units.reserve(bytes.size() / 2);
-    ByteReader reader(bytes);
-    while (const auto unit = reader.number<2>()) {
-        units.push_back(static_cast<char16_t>(*unit << 8 | *unit >> 8));
-    }
-    return utf8FromUtf16(units);
-}
+std::string textOfUnits(Bytes bytes) { return decodeUtf16(bytes, false); }
 
 // Odd on purpose: the pictures of ID3v2.4 stand as text, not as base64.
 void appendPicture(pugi::xml_node properties, Bytes payload, unsigned majorVersion) {
