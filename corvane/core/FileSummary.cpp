@@ -7,6 +7,7 @@
 #include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/id3v2/ID3V2Tag.h"
 #include "corvane/id3v2/ID3V2TagInternals.h"
+#include "corvane/id3v2/ReadableTag.h"
 #include "corvane/lyrics/LyricsFormat.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/mpeg/MPEGHeaderInternals.h"
@@ -51,13 +52,15 @@ void takeAudioFacts(FileSummary& summary, const MPEGHeader& header) {
 
 void takeId3v2Texts(FileSummary& summary, ID3V2Tag& tag, FileReader& file) {
     if (!Internals<ID3V2Tag>::loadTag(tag, file)) return;
-    summary.title = tag.Title();
-    summary.artist = tag.Artist();
-    summary.album = tag.Album();
-    summary.year = tag.Year();
-    summary.track = tag.Track();
-    summary.genre = tag.Genre();
-    summary.comment = tag.Comment();
+    // Lists show what the writer of the tag meant, also where the properties, which hosts know, differ from it.
+    ReadableTag texts = Internals<ID3V2Tag>::readable(tag);
+    summary.title = std::move(texts.title);
+    summary.artist = std::move(texts.artist);
+    summary.album = std::move(texts.album);
+    summary.year = std::move(texts.year);
+    summary.track = std::move(texts.track);
+    summary.genre = std::move(texts.genre);
+    summary.comment = std::move(texts.comment);
 }
 
 void takeId3v1Texts(FileSummary& summary, const ID3V1Tag& tag) {

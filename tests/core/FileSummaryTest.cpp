@@ -48,6 +48,20 @@ TEST_F(FileSummaryTest, TheTextsAreThoseOfTheId3v2TagWhenThereAreAnyElseOfTheRec
     EXPECT_EQ(summary.genre, "Rock");
 }
 
+TEST_F(FileSummaryTest, TheTextsAreReadAsTheirWriterMeantThem) {
+    const FileSummary summary = summaryOf({Id3v2Builder(4)
+                                               .text("TIT2", "日本語", Encoding::Utf8)
+                                               .text("TPE1", "Привет", Encoding::Utf16BigEndian)
+                                               .text("TDRC", "2004-05-06T07:08")
+                                               .text("TCON", "17")
+                                               .done(),
+                                           audio(), record().done()});
+    EXPECT_EQ(summary.title, "日本語");
+    EXPECT_EQ(summary.artist, "Привет");
+    EXPECT_EQ(summary.year, "2004");
+    EXPECT_EQ(summary.genre, "Rock");
+}
+
 TEST_F(FileSummaryTest, WithoutTagsTheTextsAreEmpty) {
     const FileSummary summary = summaryOf({audio()});
     for (const std::string& text :
