@@ -1,7 +1,5 @@
 #include "apps/cli/Colours.h"
 
-#include "apps/cli/Cli11.h"
-
 #include <cstdlib>
 
 namespace corvane::cli {
@@ -21,9 +19,10 @@ bool wanted(ColourChoice choice, bool isTerminal) {
 
 } // namespace
 
-void addColourOption(CLI::App& app, ColourChoice& choice) {
-    addChoice(app, "--color", choice, "Use colours; auto: on a terminal, unless NO_COLOR is set",
-              {{"auto", ColourChoice::Auto}, {"always", ColourChoice::Always}, {"never", ColourChoice::Never}});
+void addColourOption(Options& options, ColourChoice& choice) {
+    options.addChoice<ColourChoice>(
+        "--color", choice, "Use colours; auto: on a terminal, unless NO_COLOR is set",
+        {{"auto", ColourChoice::Auto}, {"always", ColourChoice::Always}, {"never", ColourChoice::Never}});
 }
 
 Colours::Colours(ColourChoice choice, bool isTerminal) : on_(wanted(choice, isTerminal)) {}

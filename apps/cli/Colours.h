@@ -1,19 +1,17 @@
 // Colours for those who look at a terminal.
 #pragma once
 
+#include "apps/cli/Options.h"
+
 #include <string>
 #include <string_view>
-
-namespace CLI {
-class App;
-}
 
 namespace corvane::cli {
 
 enum class ColourChoice { Auto, Always, Never };
 
 // Adds "--color auto|always|never", which sets `choice`.
-void addColourOption(CLI::App& app, ColourChoice& choice);
+void addColourOption(Options& options, ColourChoice& choice);
 
 class Colours {
 public:

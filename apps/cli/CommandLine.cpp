@@ -1,9 +1,8 @@
 #include "apps/cli/CommandLine.h"
 
-#include "apps/cli/Arguments.h"
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/Help.h"
+#include "apps/cli/WrongUse.h"
 
 #include <fmt/core.h>
 #include <unistd.h>
@@ -23,22 +22,12 @@ void checkOperandCount(const CommandEntry& entry, std::size_t count) {
 // Only the subcommand that is meant is built: start-up counts when a script calls the command for every file.
 void runCommand(const CommandEntry& entry, const std::vector<std::string>& words, Session& session) {
     const std::unique_ptr<Command> command = entry.make();
-    CLI::App app(entry.summary, entry.name);
-    app.set_help_flag("-h,--help", "Print this help and exit");
-    command->declareOptions(app);
-    Arguments arguments = sortArguments(app, words);
-    try {
-        std::reverse(arguments.options.begin(), arguments.options.end()); // CLI11 takes them from the back
-        app.parse(std::move(arguments.options));
-    } catch (const CLI::CallForHelp&) {
-        return session.output.write(commandHelp(entry, app));
-    } catch (const CLI::ExtrasError&) {
-        throw WrongUse(fmt::format("There is no option \"{}\"", app.remaining().front()));
-    } catch (const CLI::ParseError& error) {
-        throw WrongUse(error.what());
-    }
-    checkOperandCount(entry, arguments.operands.size());
-    command->run(session, arguments.operands);
+    Options options;
+    command->declareOptions(options);
+    const Options::Said said = options.take(words);
+    if (said.wantsHelp) return session.output.write(commandHelp(entry, options));
+    checkOperandCount(entry, said.operands.size());
+    command->run(session, said.operands);
 }
 
 bool isHelpWord(const std::string& word) { return word == "--help" || word == "-h"; }

@@ -1,6 +1,5 @@
 #include "corvane/id3v1/Genres.h"
 
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Commands.h"
 
 #include <fmt/core.h>
@@ -12,8 +11,8 @@ namespace {
 
 class GenresCommand final : public Command {
 public:
-    void declareOptions(CLI::App& app) override {
-        addFlag(app, "--json", json_, "One JSON object a line, with \"number\" and \"name\"");
+    void declareOptions(Options& options) override {
+        options.addFlag("--json", json_, "One JSON object a line, with \"number\" and \"name\"");
     }
 
     void run(Session& session, const std::vector<std::string>&) override {

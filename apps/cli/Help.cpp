@@ -2,7 +2,6 @@
 
 #include "corvane/Version.h"
 
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Commands.h"
 
 #include <fmt/core.h>
@@ -12,14 +11,6 @@
 namespace corvane::cli {
 
 namespace {
-
-// Options only, in one column: usage and examples are ours.
-std::string optionsHelp(const CLI::App& app) {
-    CLI::Formatter formatter;
-    formatter.column_width(30);
-    formatter.label("REQUIRED", "(needed)");
-    return formatter.make_groups(&app, CLI::AppFormatMode::Normal);
-}
 
 std::string indented(const char* lines) {
     std::string text;
@@ -54,10 +45,10 @@ std::string commandsHelp() {
     return text + "\nExamples:\n" + indented(kExamples) + kEnding;
 }
 
-std::string commandHelp(const CommandEntry& entry, const CLI::App& app) {
+std::string commandHelp(const CommandEntry& entry, const Options& options) {
     const char* gap = *entry.operands == '\0' ? "" : " ";
-    return fmt::format("{}\n\nUsage: corvane {} [OPTIONS]{}{}\n{}\nExamples:\n{}", app.get_description(), entry.name,
-                       gap, entry.operands, optionsHelp(app), indented(entry.examples));
+    return fmt::format("{}\n\nUsage: corvane {} [OPTIONS]{}{}\n{}\nExamples:\n{}", entry.summary, entry.name, gap,
+                       entry.operands, options.help(), indented(entry.examples));
 }
 
 } // namespace corvane::cli

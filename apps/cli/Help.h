@@ -11,7 +11,7 @@ namespace corvane::cli {
 std::string commandsHelp();
 // "corvane 1.2.3" and a line break.
 std::string versionText();
-// The text of `corvane NAME --help`; `app` holds the options.
-std::string commandHelp(const CommandEntry& entry, const CLI::App& app);
+// The text of `corvane NAME --help`.
+std::string commandHelp(const CommandEntry& entry, const Options& options);
 
 } // namespace corvane::cli

@@ -1,6 +1,5 @@
 #include "corvane/core/FileHandler.h"
 
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/LibraryFailure.h"
 #include "apps/cli/TagChange.h"
@@ -19,14 +18,14 @@ void removeId3v1Tag(FileHandler& handler) {
 
 class RemoveCommand final : public Command {
 public:
-    void declareOptions(CLI::App& app) override {
-        addTagOption(app, tag_);
-        addChangeOptions(app, options_);
+    void declareOptions(Options& options) override {
+        addTagOption(options, tag_);
+        addChangeOptions(options, change_);
     }
 
     void run(Session& session, const std::vector<std::string>& paths) override {
         checkTagChoice(tag_);
-        changeFiles(session, options_, paths, prepare);
+        changeFiles(session, change_, paths, prepare);
     }
 
 private:
@@ -42,7 +41,7 @@ private:
     }
 
     TagChoice tag_ = TagChoice::V1;
-    ChangeOptions options_;
+    ChangeOptions change_;
 };
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "corvane/selftest/TestFixture.h"
 
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Colours.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/SelftestFolder.h"
@@ -57,7 +56,7 @@ private:
 
 class SelftestCommand final : public Command {
 public:
-    void declareOptions(CLI::App& app) override { addColourOption(app, colour_); }
+    void declareOptions(Options& options) override { addColourOption(options, colour_); }
 
     void run(Session& session, const std::vector<std::string>& operands) override {
         const Colours colours(colour_, session.output.isTerminal());

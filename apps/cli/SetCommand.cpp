@@ -1,11 +1,11 @@
 #include "corvane/core/FileHandler.h"
 #include "corvane/platform/Utf.h"
 
-#include "apps/cli/Cli11.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/Id3v1Edit.h"
 #include "apps/cli/LibraryFailure.h"
 #include "apps/cli/TagChange.h"
+#include "apps/cli/WrongUse.h"
 
 #include <fmt/core.h>
 
@@ -44,19 +44,19 @@ constexpr std::array kId3v2Options{
 
 class SetCommand final : public Command {
 public:
-    void declareOptions(CLI::App& app) override {
-        for (const TextOption& option : kTextOptions) addTextOption(app, option);
-        addParsedOption(app, "--track", "Track number, 0 to 255, also as 5/12", values_.track, parseTrack);
-        addParsedOption(app, "--genre", "Genre number, or name (see `corvane genres`)", values_.genre, parseGenre);
+    void declareOptions(Options& options) override {
+        for (const TextOption& option : kTextOptions) addTextOption(options, option);
+        addParsedOption(options, "--track", "Track number, 0 to 255, also as 5/12", values_.track, parseTrack);
+        addParsedOption(options, "--genre", "Genre number, or name (see `corvane genres`)", values_.genre, parseGenre);
+        addTagOption(options, tag_);
+        addChangeOptions(options, change_);
+        options.startGroup("For ID3v2 tags, which this version does not change");
         for (const OtherOption& option : kId3v2Options) {
-            app.add_option_function<std::string>(
-                   option.name, [this, name = option.name](const std::string&) { id3v2Options_.emplace_back(name); },
-                   option.description)
-                ->type_name(option.value)
-                ->group("For ID3v2 tags, which this version does not change");
+            options.addValue(
+                option.name, option.value,
+                [this, name = option.name](const std::string&) { id3v2Options_.emplace_back(name); },
+                option.description);
         }
-        addTagOption(app, tag_);
-        addChangeOptions(app, options_);
     }
 
     void run(Session& session, const std::vector<std::string>& paths) override {
@@ -65,27 +65,27 @@ public:
             throw WrongUse(fmt::format("This version changes ID3v1 tags only; {} is for ID3v2", id3v2Options_.front()));
         }
         if (!anyValue_) throw WrongUse("Nothing to set");
-        changeFiles(session, options_, paths, [this](const std::string& path) { return prepare(path); });
+        changeFiles(session, change_, paths, [this](const std::string& path) { return prepare(path); });
     }
 
 private:
-    void addTextOption(CLI::App& app, const TextOption& option) {
-        const auto store = [this, option](const std::string& text) {
-            if (!isUtf8(text)) throw CLI::ValidationError(option.name, "The text is not UTF-8");
-            values_.*option.value = text;
+    void addTextOption(Options& options, const TextOption& option) {
+        const auto store = [this, value = option.value](const std::string& text) {
+            if (!isUtf8(text)) throw WrongUse("The text is not UTF-8");
+            values_.*value = text;
             anyValue_ = true;
         };
-        app.add_option_function<std::string>(option.name, store, option.description)->type_name("TEXT");
+        options.addValue(option.name, "TEXT", store, option.description);
     }
 
-    void addParsedOption(CLI::App& app, const std::string& name, const char* description,
+    void addParsedOption(Options& options, const char* name, const char* description,
                          std::optional<std::uint8_t>& value, std::optional<std::uint8_t> (*parse)(std::string_view)) {
-        const auto store = [this, name, &value, parse](const std::string& text) {
+        const auto store = [this, &value, parse](const std::string& text) {
             value = parse(text);
-            if (!value) throw CLI::ValidationError(name, "\"" + text + "\" is none");
+            if (!value) throw WrongUse(fmt::format("\"{}\" is none", text));
             anyValue_ = true;
         };
-        app.add_option_function<std::string>(name, store, description)->type_name("VALUE");
+        options.addValue(name, "VALUE", store, description);
     }
 
     ChangeReport prepare(const std::string& path) const {
@@ -104,7 +104,7 @@ private:
     bool anyValue_ = false;
     std::vector<std::string> id3v2Options_; // those that were given
     TagChoice tag_ = TagChoice::V1;
-    ChangeOptions options_;
+    ChangeOptions change_;
 };
 
 } // namespace

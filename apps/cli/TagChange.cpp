@@ -1,8 +1,8 @@
 #include "apps/cli/TagChange.h"
 
 #include "apps/cli/ChangeText.h"
-#include "apps/cli/Cli11.h"
 #include "apps/cli/FileTimes.h"
+#include "apps/cli/WrongUse.h"
 
 namespace corvane::cli {
 
@@ -17,17 +17,17 @@ void makeChange(const std::string& path, const ChangeOptions& options, const Cha
 
 } // namespace
 
-void addChangeOptions(CLI::App& app, ChangeOptions& options) {
-    addFlag(app, "-n,--dry-run", options.isDryRun, "Only tell what would change");
-    addFlag(app, "--keep-mtime", options.keepsTime, "Keep the time of the last modification");
-    addFlag(app, "--json", options.isJson, "Report in JSON, one object a line for each file");
-    addFlag(app, "-q,--quiet", options.isQuiet, "Report nothing but failures and warnings");
-    addColourOption(app, options.colour);
+void addChangeOptions(Options& options, ChangeOptions& change) {
+    options.addFlag("-n,--dry-run", change.isDryRun, "Only tell what would change");
+    options.addFlag("--keep-mtime", change.keepsTime, "Keep the time of the last modification");
+    options.addFlag("--json", change.isJson, "Report in JSON, one object a line for each file");
+    options.addFlag("-q,--quiet", change.isQuiet, "Report nothing but failures and warnings");
+    addColourOption(options, change.colour);
 }
 
-void addTagOption(CLI::App& app, TagChoice& choice) {
-    addChoice(app, "--tag", choice, "Which tags: this version changes v1 (default) only",
-              {{"v1", TagChoice::V1}, {"v2", TagChoice::V2}, {"both", TagChoice::Both}});
+void addTagOption(Options& options, TagChoice& choice) {
+    options.addChoice<TagChoice>("--tag", choice, "Which tags: this version changes v1 (default) only",
+                                 {{"v1", TagChoice::V1}, {"v2", TagChoice::V2}, {"both", TagChoice::Both}});
 }
 
 void checkTagChoice(TagChoice choice) {

@@ -9,10 +9,6 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace corvane::cli {
 
 struct ChangeOptions {
@@ -23,11 +19,11 @@ struct ChangeOptions {
     ColourChoice colour = ColourChoice::Auto;
 };
 
-void addChangeOptions(CLI::App& app, ChangeOptions& options);
+void addChangeOptions(Options& options, ChangeOptions& change);
 
 // Adds "--tag v1|v2|both". Run checkTagChoice before anything is done.
 enum class TagChoice { V1, V2, Both };
-void addTagOption(CLI::App& app, TagChoice& choice);
+void addTagOption(Options& options, TagChoice& choice);
 void checkTagChoice(TagChoice choice); // fails with WrongUse for tags that cannot be changed yet
 
 // What happens to one file. Nothing is written before the report is complete.
