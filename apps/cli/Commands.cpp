@@ -11,6 +11,11 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 // In the order in which the help text lists them.
 constexpr std::array kCommands{
+    CommandEntry{"scan", "List the MP3 files below folders, one line each", "PATH...", 1, kAnyNumber,
+                 "corvane scan ~/Music > music.jsonl\n"
+                 "corvane scan --format csv ~/Music > music.csv\n"
+                 "corvane scan ~/Music | jq -r 'select(.year == \"1999\") | .path'",
+                 makeScanCommand},
     CommandEntry{"set", "Set values of the ID3v1 tags of files; an empty value deletes", "FILE...", 1, kAnyNumber,
                  "corvane set song.mp3 --title \"New title\" --track 7 --genre Jazz\n"
                  "corvane set --album \"\" --keep-mtime *.mp3\n"

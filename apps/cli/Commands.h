@@ -9,6 +9,7 @@
 
 namespace corvane::cli {
 
+std::unique_ptr<Command> makeScanCommand();
 std::unique_ptr<Command> makeSetCommand();
 std::unique_ptr<Command> makeRemoveCommand();
 std::unique_ptr<Command> makeGenresCommand();
