@@ -11,6 +11,10 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 // In the order in which the help text lists them.
 constexpr std::array kCommands{
+    CommandEntry{"xml", "Write the XML document of a file", "FILE", 1, 1,
+                 "corvane xml song.mp3\n"
+                 "corvane xml song.mp3 --output song.xml",
+                 makeXmlCommand},
     CommandEntry{"scan", "List the MP3 files below folders, one line each", "PATH...", 1, kAnyNumber,
                  "corvane scan ~/Music > music.jsonl\n"
                  "corvane scan --format csv ~/Music > music.csv\n"
@@ -25,6 +29,10 @@ constexpr std::array kCommands{
                  "corvane remove song.mp3\n"
                  "corvane remove --dry-run *.mp3",
                  makeRemoveCommand},
+    CommandEntry{"import", "Fill the ID3v1 tag of a file from a document made by `corvane xml`", "FILE DOCUMENT", 2, 2,
+                 "corvane import song.mp3 song.xml\n"
+                 "corvane xml old.mp3 | corvane import new.mp3 -",
+                 makeImportCommand},
     CommandEntry{"genres", "List the genre numbers of ID3v1 and their names", "", 0, 0,
                  "corvane genres\n"
                  "corvane genres --json",

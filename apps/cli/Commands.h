@@ -9,9 +9,11 @@
 
 namespace corvane::cli {
 
+std::unique_ptr<Command> makeXmlCommand();
 std::unique_ptr<Command> makeScanCommand();
 std::unique_ptr<Command> makeSetCommand();
 std::unique_ptr<Command> makeRemoveCommand();
+std::unique_ptr<Command> makeImportCommand();
 std::unique_ptr<Command> makeGenresCommand();
 std::unique_ptr<Command> makeSelftestCommand();
 
