@@ -24,7 +24,7 @@ void Failures::warning(std::string_view path, std::string_view text) {
 
 void Failures::message(std::string_view text) { line(text); }
 
-void Failures::line(std::string_view text) {
+void Failures::line(std::string_view text) const {
     std::string line = "corvane: ";
     line.append(terminal_ ? visibleText(text) : withoutControls(text)).push_back('\n');
     try {

@@ -22,7 +22,7 @@ public:
     std::size_t count() const { return count_; }
 
 private:
-    void line(std::string_view text);
+    void line(std::string_view text) const;
 
     int descriptor_;
     bool terminal_;

@@ -12,7 +12,7 @@ namespace {
 class GenresCommand final : public Command {
 public:
     void declareOptions(Options& options) override {
-        options.addFlag("--json", json_, "One JSON object a line, with \"number\" and \"name\"");
+        options.addFlag("--json", json_, R"(One JSON object a line, with "number" and "name")");
     }
 
     void run(Session& session, const std::vector<std::string>&) override {

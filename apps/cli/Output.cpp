@@ -8,13 +8,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 
 namespace corvane::cli {
 
 namespace {
 
-constexpr std::size_t kFlushSize = 64 * 1024; // bytes
+constexpr std::size_t kFlushSize = std::size_t{64} * 1024; // bytes
 
 } // namespace
 
@@ -38,7 +38,7 @@ void Output::flush() {
 void Output::close() {
     flush();
     // A descriptor that was never open is a failure only for those who write to it.
-    if (::close(descriptor_) != 0 && errno != EBADF) throw OutputFailure(std::strerror(errno));
+    if (::close(descriptor_) != 0 && errno != EBADF) throw OutputFailure(std::system_category().message(errno));
 }
 
 unsigned Output::columns() const {

@@ -130,7 +130,7 @@ std::string FileRoutines::CreateTempFile(const std::string& OutputDirectory, con
     try {
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
             const std::string temporary = createTemporaryFile(OutputDirectory, "tmp");
-            const std::string twin = ChangeExtension(temporary, Extension);
+            std::string twin = ChangeExtension(temporary, Extension);
             if (twin == temporary) return twin;
             constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY;
             if (Descriptor(::open(systemPath(twin), kFlags, 0600)).isOpen()) return twin;

@@ -12,7 +12,7 @@ namespace {
 
 // Payloads up to these sizes are gathered at once, since most of them will be asked for.
 constexpr std::size_t kGatheredSize = FileReader::kBlockSize;
-constexpr std::size_t kGatheredTextSize = 64 * 1024;
+constexpr std::size_t kGatheredTextSize = std::size_t{64} * 1024;
 
 // Room for most tags without a second allocation.
 constexpr std::size_t kUsualFrames = 32;

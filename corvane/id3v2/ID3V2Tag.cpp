@@ -174,7 +174,7 @@ std::string ID3V2Tag::EncodedBy() { return text(FrameOfLaterVersions{"TENC"}); }
 
 std::shared_ptr<corvane::Picture> ID3V2Tag::Picture() {
     const auto none = std::shared_ptr<corvane::Picture>();
-    return withReader(none, Overloaded{[none](const corvane::ID3V22Tag&) { return none; },
+    return withReader(none, Overloaded{[](const corvane::ID3V22Tag&) { return std::shared_ptr<corvane::Picture>(); },
                                        [](const corvane::ID3V23Tag& reader) { return reader.Picture(); },
                                        [this](const corvane::ID3V24Tag& reader) {
                                            return recordedPicture(Internals<corvane::ID3V24Tag>::frames(reader),

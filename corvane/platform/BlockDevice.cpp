@@ -50,6 +50,7 @@ std::string udevDecoded(std::string_view name) {
 std::string diskName(const std::string& folder, dev_t device) {
     const std::unique_ptr<DIR, CloseFolder> links(::opendir(folder.c_str()));
     if (links == nullptr) return {};
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread reads this stream
     while (const dirent* link = ::readdir(links.get())) {
         struct stat status {};
         if (::fstatat(::dirfd(links.get()), link->d_name, &status, 0) != 0) continue;

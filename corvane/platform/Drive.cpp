@@ -42,7 +42,7 @@ std::uint64_t bytesOf(std::uint64_t blocks, std::uint64_t blockSize) {
 } // namespace
 
 std::shared_ptr<Drive> Drive::ofFile(const std::string& path) {
-    const std::shared_ptr<Drive> drive(new Drive);
+    std::shared_ptr<Drive> drive(new Drive);
     drive->readMount(path);
     drive->readSpace(path);
     return drive;

@@ -17,7 +17,7 @@ std::string dateOf(std::optional<std::int64_t> secondsSince1970) {
 
 std::shared_ptr<File> File::ofPath(const std::string& path) {
     const FileStatus status = fileStatusOf(path);
-    const std::shared_ptr<File> file(new File);
+    std::shared_ptr<File> file(new File);
     file->dateCreated_ = dateOf(status.created);
     file->dateLastAccessed_ = dateOf(status.accessed);
     file->dateLastModified_ = dateOf(status.modified);

@@ -2,8 +2,6 @@
 
 #include "corvane/platform/RuntimeFailure.h"
 
-#include <locale.h>
-
 #include <array>
 #include <clocale>
 
