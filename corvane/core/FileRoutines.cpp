@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 namespace corvane {
@@ -95,17 +96,18 @@ void copyToNew(const CopySource& source, std::uint64_t count, const std::string&
 }
 
 void copyBehind(const CopySource& source, std::uint64_t count, const std::string& destination) {
-    Descriptor file(::open(systemPath(destination), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const Descriptor file(::open(systemPath(destination), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat before {};
     if (!file.isOpen() || ::fstat(file.number(), &before) != 0) throw systemFailure(errno, kCopySource);
     try {
         source.copyTo(file.number(), static_cast<std::uint64_t>(before.st_size), count);
-    } catch (...) {
-        // Nothing more can be done when even that fails; the failure that is raised tells that the copy failed.
-        static_cast<void>(::ftruncate(file.number(), before.st_size));
-        throw;
+    } catch (const RuntimeFailure& failure) {
+        if (::ftruncate(file.number(), before.st_size) == 0) throw;
+        throw RuntimeFailure(failure.number(), failure.source(),
+                             failure.description() + "; what was appended could not be taken back: " +
+                                 std::generic_category().message(errno));
     }
-    closeOrRaise(file);
+    // The bytes are on the medium: closing the file can report no loss any more.
 }
 
 // Raises what `body` raises as the failure of a copy to `temporary`.
