@@ -67,7 +67,7 @@ bool FileHandler::Create(const std::string& FileName) {
     return recordFailures(*error_, false, [&] {
         begin(FileName);
         FileReader file(FileName);
-        analyse(file);
+        analyse(file, Frames::WhenAskedFor);
         return true;
     });
 }
@@ -75,7 +75,7 @@ bool FileHandler::Create(const std::string& FileName) {
 bool FileHandler::create(const std::string& fileName, FileReader& file) {
     return recordFailures(*error_, false, [&] {
         begin(fileName);
-        analyse(file);
+        analyse(file, Frames::Now);
         return true;
     });
 }
@@ -85,7 +85,7 @@ void FileHandler::begin(const std::string& fileName) {
     id3v1Tag_ = std::make_shared<ID3V1Tag>();
 }
 
-void FileHandler::analyse(FileReader& file) {
+void FileHandler::analyse(FileReader& file, Frames frames) {
     const Head head = headOf(file);
     if (isZip(head)) {
         fileType_ = kTypeZip;
@@ -96,6 +96,8 @@ void FileHandler::analyse(FileReader& file) {
         throw RuntimeFailure(FailureNumber::ObjectDefined, "Create", "This is a RAR-File");
     }
     const std::int32_t startPosition = readId3v2Header(head);
+    // Before the audio is searched, because the block that the last frames are read with often holds its beginning.
+    if (frames == Frames::Now && hasId3v2Tag_) Internals<corvane::ID3V2Tag>::loadTag(*id3v2Tag_, file);
     if (!Internals<corvane::MPEGHeader>::LoadHeaderEx(*mpegHeader_, file, startPosition)) {
         error_->record("LoadHeaderEx", Internals<corvane::MPEGHeader>::ErrorRecord(*mpegHeader_)->Stream(),
                        cError::kError);

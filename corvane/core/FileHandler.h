@@ -92,7 +92,8 @@ private:
 
     bool create(const std::string& fileName, FileReader& file);
     void begin(const std::string& fileName);
-    void analyse(FileReader& file);
+    enum class Frames { WhenAskedFor, Now };
+    void analyse(FileReader& file, Frames frames);
     std::int32_t readId3v2Header(Bytes head);
     void readId3v1Record(FileReader& file);
     void loadLyricsTag();

@@ -10,7 +10,7 @@ namespace corvane {
 
 template <>
 struct Internals<FileHandler> {
-    // Create, with a file that is open already.
+    // Create, with a file that is open already. Reads the frames of an ID3v2 tag too.
     static bool create(FileHandler& handler, const std::string& fileName, FileReader& file) {
         return handler.create(fileName, file);
     }

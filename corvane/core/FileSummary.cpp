@@ -50,8 +50,7 @@ void takeAudioFacts(FileSummary& summary, const MPEGHeader& header) {
     }
 }
 
-void takeId3v2Texts(FileSummary& summary, ID3V2Tag& tag, FileReader& file) {
-    if (!Internals<ID3V2Tag>::loadTag(tag, file)) return;
+void takeId3v2Texts(FileSummary& summary, const ID3V2Tag& tag) {
     // Lists show what the writer of the tag meant, also where the properties, which hosts know, differ from it.
     ReadableTag texts = Internals<ID3V2Tag>::readable(tag);
     summary.title = std::move(texts.title);
@@ -89,7 +88,7 @@ FileSummary summarize(const std::string& path) {
     takeAudioFacts(summary, *handler.MPEGHeader());
     if (handler.HasID3V2Tag()) {
         summary.tags.push_back(versionName(*handler.ID3V2Tag()->Version()));
-        takeId3v2Texts(summary, *handler.ID3V2Tag(), file);
+        takeId3v2Texts(summary, *handler.ID3V2Tag());
     }
     if (const char* name = lyricsName(file, handler.HasID3V1Tag())) summary.tags.emplace_back(name);
     if (handler.HasID3V1Tag()) {

@@ -4,7 +4,7 @@
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/Utf.h"
 
-#include <algorithm>
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -20,6 +20,17 @@ std::string decodedUtf8(Bytes bytes) {
     std::string text(bytes.begin(), bytes.end());
     if (text.starts_with(kUtf8Mark)) text.erase(0, kUtf8Mark.size());
     return isUtf8(text) ? text : repairedUtf8(text);
+}
+
+std::string& appendValue(std::string& text, std::string_view value) {
+    if (!text.empty()) text.append("; ");
+    return text.append(value);
+}
+
+std::size_t lengthUpToZero(Bytes bytes) {
+    const void* const zero = bytes.empty() ? nullptr : std::memchr(bytes.data(), 0, bytes.size());
+    if (zero == nullptr) return bytes.size();
+    return static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - bytes.data());
 }
 
 } // namespace
@@ -41,7 +52,7 @@ bool EncodedTextReader::isMarkedUtf16(ByteReader payload) const {
 
 // Bytes in front of the first unit 0, or all whole units.
 std::size_t EncodedTextReader::lengthOfString(Bytes bytes) const {
-    if (unitSize() == 1) return static_cast<std::size_t>(std::find(bytes.begin(), bytes.end(), 0) - bytes.begin());
+    if (unitSize() == 1) return lengthUpToZero(bytes);
     ByteReader reader(bytes);
     while (const auto unit = reader.number<2>()) {
         if (*unit == 0) return bytes.size() - reader.left() - 2;
@@ -59,15 +70,29 @@ std::string EncodedTextReader::takeTerminated(ByteReader& payload) {
     return decoded(string);
 }
 
-std::vector<std::string> EncodedTextReader::takeValues(ByteReader& payload) {
-    std::vector<std::string> values;
+template <class Take>
+void EncodedTextReader::takeEachValue(ByteReader& payload, Take&& take) {
     while (payload.left() >= unitSize()) {
         ByteReader ahead = payload;
         std::string value = decoded(*payload.take(lengthOfString(ahead.takeRest())));
         payload.take(unitSize());
-        if (!value.empty()) values.push_back(std::move(value));
+        if (!value.empty()) take(std::move(value));
     }
     payload.takeRest();
+}
+
+std::string EncodedTextReader::takeJoinedValues(ByteReader& payload) {
+    std::string text;
+    takeEachValue(payload, [&text](std::string value) {
+        // Most frames hold one value.
+        text.empty() ? text = std::move(value) : appendValue(text, value);
+    });
+    return text;
+}
+
+std::vector<std::string> EncodedTextReader::takeValues(ByteReader& payload) {
+    std::vector<std::string> values;
+    takeEachValue(payload, [&values](std::string value) { values.push_back(std::move(value)); });
     return values;
 }
 
@@ -90,10 +115,7 @@ std::string EncodedTextReader::decodedUtf16(Bytes string) {
 
 std::string joinedValues(const std::vector<std::string>& values) {
     std::string text;
-    for (const std::string& value : values) {
-        if (!text.empty()) text.append("; ");
-        text.append(value);
-    }
+    for (const std::string& value : values) appendValue(text, value);
     return text;
 }
 

@@ -32,11 +32,15 @@ public:
     std::string takeTerminated(ByteReader& payload);
     // All that is left: the strings that say something, in order. What is left counts as the end of the last one.
     std::vector<std::string> takeValues(ByteReader& payload);
+    // The same, joined by "; ".
+    std::string takeJoinedValues(ByteReader& payload);
 
 private:
     explicit EncodedTextReader(TextEncoding encoding)
         : encoding_(encoding), bigEndian_(encoding == TextEncoding::Utf16BigEndian) {}
 
+    template <class Take>
+    void takeEachValue(ByteReader& payload, Take&& take);
     std::size_t unitSize() const;
     std::size_t lengthOfString(Bytes bytes) const;
     std::string decoded(Bytes string);

@@ -33,7 +33,7 @@ public:
         return walked;
     }
 
-    // The frames gathered so far, ready for use; the gatherer is empty afterwards.
+    // The frames gathered so far, ready for use. To be called once, at the end.
     std::shared_ptr<const TagFrames> done();
 
     Bytes view(std::uint64_t position, std::size_t count);

@@ -35,7 +35,7 @@ std::string takeLanguage(ByteReader& payload) {
 ReadableFrame readText(ByteReader& payload) {
     auto text = EncodedTextReader::begin(payload);
     if (!text) return {};
-    return {.text = joinedValues(text->takeValues(payload))};
+    return {.text = text->takeJoinedValues(payload)};
 }
 
 ReadableFrame readGenre(ByteReader& payload) {
@@ -48,7 +48,7 @@ ReadableFrame readUserText(ByteReader& payload) {
     auto text = EncodedTextReader::begin(payload);
     if (!text) return {};
     ReadableFrame frame{.description = text->takeTerminated(payload)};
-    frame.text = joinedValues(text->takeValues(payload));
+    frame.text = text->takeJoinedValues(payload);
     return frame;
 }
 
@@ -59,7 +59,7 @@ ReadableFrame readUserUrl(ByteReader& payload) {
     auto text = EncodedTextReader::begin(payload);
     if (!text) return {};
     ReadableFrame frame{.description = text->takeTerminated(payload)};
-    frame.text = text->isMarkedUtf16(payload) ? joinedValues(text->takeValues(payload)) : takeCodePageText(payload);
+    frame.text = text->isMarkedUtf16(payload) ? text->takeJoinedValues(payload) : takeCodePageText(payload);
     return frame;
 }
 
@@ -67,7 +67,7 @@ ReadableFrame readComment(ByteReader& payload) {
     auto text = EncodedTextReader::begin(payload);
     if (!text) return {};
     ReadableFrame frame{.language = takeLanguage(payload), .description = text->takeTerminated(payload)};
-    frame.text = joinedValues(text->takeValues(payload));
+    frame.text = text->takeJoinedValues(payload);
     return frame;
 }
 
@@ -75,7 +75,7 @@ ReadableFrame readTermsOfUse(ByteReader& payload) {
     auto text = EncodedTextReader::begin(payload);
     if (!text) return {};
     ReadableFrame frame{.language = takeLanguage(payload)};
-    frame.text = joinedValues(text->takeValues(payload));
+    frame.text = text->takeJoinedValues(payload);
     return frame;
 }
 

@@ -1,9 +1,9 @@
 // The frames of one tag: what the published tag and frame objects of all versions share and keep alive.
 //
-// The records stand in one array. Small payloads are gathered in one buffer when the tag is loaded, and so is text up
-// to 64 KB. Larger payloads, such as pictures, stay in the file and are read when somebody asks, from the same file in
-// the same state: a file that was changed, replaced or removed since is a failure, never other bytes. The frames of an
-// unsynchronised tag, which has to be read whole, stay in its body.
+// The records stand in one array. Text up to 64 KB is gathered in one buffer when the tag is loaded, and so are small
+// payloads that have been read from the file anyway. Other payloads, such as pictures, stay in the file and are read
+// when somebody asks, from the same file in the same state: a file that was changed, replaced or removed since is a
+// failure, never other bytes. The frames of an unsynchronised tag, which has to be read whole, stay in its body.
 #pragma once
 
 #include "corvane/id3v2/FrameId.h"

@@ -33,11 +33,14 @@ std::size_t nextSyncByte(Bytes bytes, std::size_t from) {
     return static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes.data());
 }
 
-// The small block: what is left of the file's first block, which is at hand already, or else a block of its own. It
-// has room for a frame's Xing header, so that the usual frame, which stands right at the start, needs no other block.
-std::size_t firstBlockSize(std::size_t startOffset) {
+// The small block: what is at hand when it has room for a frame's Xing header, so that the usual frame, which stands
+// right at the start, needs no other block; else a block of its own.
+std::size_t firstBlockSize(const FileReader& file, std::uint64_t startOffset) {
+    const std::size_t atHand = file.atHand(startOffset);
+    if (atHand >= kXingReach) return atHand;
+    // The file's first block is read as a whole whatever is wanted of it.
     const bool inFirstBlock = startOffset + kXingReach <= FileReader::kBlockSize;
-    return inFirstBlock ? FileReader::kBlockSize - startOffset : FileReader::kBlockSize;
+    return inFirstBlock ? FileReader::kBlockSize - static_cast<std::size_t>(startOffset) : FileReader::kBlockSize;
 }
 
 std::optional<FoundFrame> findIn(FileReader& file, std::uint64_t offset, std::size_t count) {
@@ -71,7 +74,7 @@ std::optional<FoundFrame> findFirstFrame(FileReader& file, std::int32_t startPos
     if (startOffset < 0) throw systemFailure(EINVAL, "read");
 
     const auto start = static_cast<std::uint64_t>(startOffset);
-    const std::size_t firstCount = std::min(count, firstBlockSize(static_cast<std::size_t>(start)));
+    const std::size_t firstCount = std::min(count, firstBlockSize(file, start));
     const auto found = findIn(file, start, firstCount);
     if (found || firstCount == count) return found;
     // The words that begin in the last bytes of the first block end in the rest.

@@ -36,6 +36,11 @@ public:
     // The bytes [offset, offset + count), fewer when the file ends before. The view is good until the next call.
     Bytes view(std::uint64_t offset, std::size_t count);
 
+    // How many bytes from `offset` on a view gives without asking the system.
+    std::size_t atHand(std::uint64_t offset) const {
+        return std::max(head_.countFrom(offset), moving_.countFrom(offset));
+    }
+
     // The same bytes in an array of their own.
     ByteArray read(std::uint64_t offset, std::size_t count);
 
@@ -43,6 +48,10 @@ private:
     struct Block {
         std::uint64_t offset = 0;
         Bytes bytes;
+        std::size_t countFrom(std::uint64_t from) const {
+            const bool inside = from >= offset && from - offset < bytes.size();
+            return inside ? bytes.size() - static_cast<std::size_t>(from - offset) : 0;
+        }
         bool holds(std::uint64_t from, std::size_t count) const {
             return from >= offset && from - offset <= bytes.size() && count <= bytes.size() - (from - offset);
         }
