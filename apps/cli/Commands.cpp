@@ -11,6 +11,10 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 // In the order in which the help text lists them.
 constexpr std::array kCommands{
+    CommandEntry{"show", "Show everything that is known about files", "FILE...", 1, kAnyNumber,
+                 "corvane show song.mp3\n"
+                 "corvane show --color=always *.mp3 | less -R",
+                 makeShowCommand},
     CommandEntry{"xml", "Write the XML document of a file", "FILE", 1, 1,
                  "corvane xml song.mp3\n"
                  "corvane xml song.mp3 --output song.xml",

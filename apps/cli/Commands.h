@@ -9,6 +9,7 @@
 
 namespace corvane::cli {
 
+std::unique_ptr<Command> makeShowCommand();
 std::unique_ptr<Command> makeXmlCommand();
 std::unique_ptr<Command> makeScanCommand();
 std::unique_ptr<Command> makeSetCommand();

@@ -74,14 +74,12 @@ public:
             progress.hide();
             session.failures.file(path, reason);
         };
-        session.output.write(scanHeader(format_));
+        write(session.output, scanHeader(format_));
         OrderedWorkers<Batch, BatchResult> workers(
             threadCount_, [this](const Batch& batch) { return summarizeBatch(format_, batch); },
             [&](const BatchResult& result) {
                 for (const FailedFile& failed : result.failed) fail(failed.path, failed.reason);
-                // JSON needs no help: what acts on a terminal is escaped there anyway.
-                const bool isShown = format_ == ScanFormat::Csv && session.output.isTerminal();
-                session.output.write(isShown ? visibleTable(result.lines) : result.lines);
+                write(session.output, result.lines);
                 progress.advance(result.fileCount);
             });
         FileWalk walk(roots, fail);
@@ -90,6 +88,11 @@ public:
     }
 
 private:
+    // JSON needs no help: what acts on a terminal is escaped there anyway.
+    void write(Output& output, const std::string& lines) const {
+        output.write(format_ == ScanFormat::Csv && output.isTerminal() ? visibleTable(lines) : lines);
+    }
+
     static void submitAll(FileWalk& walk, OrderedWorkers<Batch, BatchResult>& workers) {
         Batch batch;
         while (std::optional<std::string> path = walk.next()) {

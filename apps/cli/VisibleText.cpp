@@ -66,10 +66,9 @@ std::string visibleTable(std::string_view text) {
         const std::size_t end = text.find('\n');
         std::string_view line = text.substr(0, end);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        const bool isCrLf = end != std::string_view::npos && line.ends_with('\r');
-        if (isCrLf) line.remove_suffix(1);
-        shown += visibleText(line);
-        if (end != std::string_view::npos) shown += isCrLf ? "\r\n" : "\n";
+        const bool isEnded = end != std::string_view::npos;
+        if (isEnded && line.ends_with('\r')) line.remove_suffix(1);
+        shown.append(visibleText(line)).append(isEnded ? "\n" : "");
     }
     return shown;
 }

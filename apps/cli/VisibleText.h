@@ -23,7 +23,7 @@ std::string visibleText(std::string_view text);
 // The bytes as they are, but for ASCII control characters, which become their pictures.
 std::string withoutControls(std::string_view text);
 
-// As visibleText, but LF and CR LF still break lines.
+// As visibleText, but LF and CR LF break lines, both as LF.
 std::string visibleTable(std::string_view text);
 
 // The lines of a text that breaks lines with LF, CR LF, CR, U+2028 or U+2029; each made visible, tabs as four blanks.

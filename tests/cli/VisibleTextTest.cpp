@@ -45,7 +45,7 @@ TEST(WithoutControls, KeepsBytesThatAreNoText) {
 }
 
 TEST(VisibleTable, OnlyLineFeedsAndTheirCarriageReturnsBreakLines) {
-    EXPECT_EQ(visibleTable("a\nb\r\nc\rd\x1b\n\r\n"), "a\nb\r\nc\u240dd\u241b\n\r\n");
+    EXPECT_EQ(visibleTable("a\nb\r\nc\rd\x1b\n\r\n"), "a\nb\nc\u240dd\u241b\n\n");
     EXPECT_EQ(visibleTable("a\r"), "a\u240d");
     EXPECT_EQ(visibleTable(""), "");
 }
