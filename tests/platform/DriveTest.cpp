@@ -63,7 +63,7 @@ TEST(Drive, AMemoryFileSystemIsARamDiskWithoutNamesOfItsOwn) {
         EXPECT_EQ(drive->Path(), place);
         EXPECT_EQ(drive->RootFolder(), place + "/");
         EXPECT_EQ(drive->TotalSize(), 1024U * 1024U);
-        EXPECT_EQ(drive->FreeSpace(), drive->TotalSize() - ::sysconf(_SC_PAGESIZE));
+        EXPECT_EQ(drive->FreeSpace(), drive->TotalSize() - static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)));
         EXPECT_EQ(drive->VolumeName(), "");
         EXPECT_EQ(drive->SerialNumber(), "");
         EXPECT_EQ(drive->ShareName(), "");

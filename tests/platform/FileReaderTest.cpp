@@ -24,8 +24,8 @@ TEST(FileReader, EveryViewEqualsTheFile) {
     const ByteArray content = test::countedBytes(20'000);
     FileReader reader(folder.write("f", content));
     EXPECT_EQ(reader.size(), content.size());
-    for (const std::size_t offset : {0, 1, 4090, 4096, 10'000, 19'999, 100}) {
-        for (const std::size_t count : {0, 1, 10, 4096, 9'000}) {
+    for (const std::size_t offset : {0U, 1U, 4090U, 4096U, 10'000U, 19'999U, 100U}) {
+        for (const std::size_t count : {0U, 1U, 10U, 4096U, 9'000U}) {
             const std::size_t expected = std::min(count, content.size() - offset);
             const Bytes view = reader.view(offset, count);
             ASSERT_EQ(view.size(), expected);

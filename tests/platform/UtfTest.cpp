@@ -7,7 +7,7 @@ namespace {
 
 TEST(Utf, CodePointsGoToUtf8AndBack) {
     for (const char32_t codePoint :
-         {0x0, 0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFD, 0xFFFF, 0x10000, 0x10FFFF}) {
+         {0x0U, 0x7FU, 0x80U, 0x7FFU, 0x800U, 0xD7FFU, 0xE000U, 0xFFFDU, 0xFFFFU, 0x10000U, 0x10FFFFU}) {
         std::string text;
         appendUtf8(text, codePoint);
         std::string_view rest = text;
@@ -18,7 +18,7 @@ TEST(Utf, CodePointsGoToUtf8AndBack) {
 }
 
 TEST(Utf, NumbersThatAreNoCharactersAreWrittenAsTheReplacementCharacter) {
-    for (const char32_t codePoint : {0xD800, 0xDFFF, 0x110000}) {
+    for (const char32_t codePoint : {0xD800U, 0xDFFFU, 0x110000U}) {
         std::string text;
         appendUtf8(text, codePoint);
         EXPECT_EQ(text, "\uFFFD");
