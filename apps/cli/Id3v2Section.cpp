@@ -61,7 +61,9 @@ Section id3v2Section(ID3V2Tag& tag) {
         return section;
     }
     for (const FrameRecord& frame : frames->all()) section.rows.push_back(rowOf(*frames, frame));
-    section.rows.push_back({"", "Padding", byteText(frames->paddingSize())});
+    // The walk counts one byte less than there are.
+    const std::uint64_t padding = frames->paddingSize();
+    section.rows.push_back({"", "Padding", byteText(padding == 0 ? 0 : padding + 1)});
     return section;
 }
 

@@ -95,7 +95,7 @@ class Frames(Show):
         self.assertEqual(self.frames(mp3.frame23("TIT2", mp3.utf16("日本語")), mp3.frame23("TPE1", mp3.latin1("Artist")),
                                      mp3.frame23("TCON", mp3.latin1("(17)")), mp3.frame23("TZZZ", mp3.latin1("x"))),
                          ["TIT2  Title  日本語", "TPE1  Artist  Artist", "TCON  Genre  Rock", "TZZZ  Text  x",
-                          "Padding  99 bytes"])
+                          "Padding  100 bytes"])
 
     def test_every_frame_of_an_id_is_listed_with_what_tells_it_from_others(self):
         self.assertEqual(self.frames(mp3.frame23("COMM", b"\0eng\0one"), mp3.frame23("COMM", b"\0deuinfo\0zwei"),
