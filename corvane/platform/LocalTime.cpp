@@ -36,7 +36,6 @@ private:
 LocalTime localTimeOf(std::int64_t secondsSince1970) {
     const auto seconds = static_cast<std::time_t>(secondsSince1970);
     LocalTime time{};
-    ::tzset(); // localtime_r need not do it
     if (::localtime_r(&seconds, &time) == nullptr) throw overflowFailure("date");
     return time;
 }

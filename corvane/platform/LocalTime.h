@@ -10,6 +10,8 @@ namespace corvane {
 // A point in time by the calendar and clock of the local time zone.
 using LocalTime = std::tm;
 
+// The zone is read at the first use, as the system does it; who changes it later calls tzset.
+//
 // secondsSince1970: any; a time that no calendar can name is an overflow failure.
 LocalTime localTimeOf(std::int64_t secondsSince1970);
 LocalTime currentLocalTime();

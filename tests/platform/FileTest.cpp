@@ -52,6 +52,7 @@ TEST(File, TellsItsDatesByTheLocalTime) {
     ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
     const int result = test::inChild([&] {
         ::setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0", 1);
+        ::tzset();
         const auto file = File::ofPath(path);
         EXPECT_EQ(file->DateLastAccessed(), "09/09/2001 03:46:40");
         EXPECT_EQ(file->DateLastModified(), "02/01/2002 20:33:20");

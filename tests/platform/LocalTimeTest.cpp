@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <ctime>
 
 namespace corvane {
 namespace {
@@ -23,6 +24,7 @@ class DocumentDate : public testing::TestWithParam<Case> {};
 TEST_P(DocumentDate, IsDayMonthYearAndTimeOfTheLocalZone) {
     const int result = test::inChild([] {
         ::setenv("TZ", GetParam().zone, 1);
+        ::tzset();
         const std::string date = documentDate(localTimeOf(GetParam().seconds));
         EXPECT_EQ(date, GetParam().date);
         return date == GetParam().date ? 0 : 1;
