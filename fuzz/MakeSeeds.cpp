@@ -115,6 +115,8 @@ Seeds id3v2Tags() {
     return tags;
 }
 
+Seeds pictures() { return {jpegImage(40, 30), pngImage(3, 2), gifImage(5, 7), bmpImage(4, 3), bmpImage(4, 3, true)}; }
+
 Seeds wholeFiles() {
     Seeds files;
     const auto audio = mpegStream({}, 3);
@@ -145,6 +147,7 @@ void makeSeeds(const std::filesystem::path& folder) {
     write(folder / "XmlImportFuzz", documents());
     write(folder / "MpegSearchFuzz", frames());
     write(folder / "Id3v2Fuzz", id3v2Tags());
+    write(folder / "PictureFuzz", pictures());
     write(folder / "WholeFileFuzz", wholeFiles());
 }
 
