@@ -81,8 +81,15 @@ bool FrameGatherer::gather(FrameRecord& record) {
         gather(record, raw);
         return true;
     }
-    const auto payload = undone(raw, record);
-    if (payload && isGathered(record, payload->bytes().size())) gather(record, payload->bytes());
+    Payload stream = synchronised(raw, record);
+    if (record.compressed) {
+        const auto size = inflatedSize(stream.bytes(), record.inflatedSize);
+        if (!size) return false;
+        record.inflatedSize = *size;
+        if (!isGathered(record, static_cast<std::size_t>(*size))) return true;
+    }
+    const auto payload = uncompressed(std::move(stream), record);
+    if (payload) gather(record, payload->bytes());
     return payload.has_value();
 }
 

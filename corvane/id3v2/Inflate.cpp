@@ -2,13 +2,17 @@
 
 #include <zlib.h>
 
-#include <algorithm>
+#include <array>
 #include <new>
+#include <span>
+#include <tuple>
 #include <utility>
 
 namespace corvane {
 
 namespace {
+
+constexpr std::size_t kScratchSize = 32 * 1024; // bytes, the window of deflate
 
 class Inflater { // a zlib stream, released on every way out
 public:
@@ -35,23 +39,27 @@ private:
 
 } // namespace
 
-std::optional<ByteArray> inflated(Bytes stream, std::int32_t claimedSize) {
+std::optional<std::int32_t> inflatedSize(Bytes stream, std::int32_t claimedSize) {
     const std::int64_t mostPossible = kLargestInflation * static_cast<std::int64_t>(stream.size());
     if (claimedSize <= 0 || claimedSize > mostPossible) return std::nullopt;
-    // One byte more than claimed: a stream that fills it makes too much.
-    const auto limit = static_cast<std::size_t>(claimedSize) + 1;
     Inflater inflater(stream);
-    ByteArray bytes(std::min(limit, std::max<std::size_t>(4 * stream.size(), 64)));
-    std::size_t done = 0;
-    while (true) {
-        const auto [answer, written] = inflater.into(std::span(bytes).subspan(done));
-        done += written;
-        if (done == limit || (answer != Z_OK && answer != Z_STREAM_END)) return std::nullopt;
-        if (answer == Z_STREAM_END) break;
-        if (done == bytes.size()) bytes.resize(std::min(limit, 2 * bytes.size()));
+    std::array<std::uint8_t, kScratchSize> scratch;
+    std::int64_t size = 0;
+    int answer = Z_OK;
+    while (answer == Z_OK && size <= claimedSize) {
+        std::size_t written = 0;
+        std::tie(answer, written) = inflater.into(scratch);
+        size += static_cast<std::int64_t>(written);
     }
-    bytes.resize(done);
-    return bytes;
+    if (answer != Z_STREAM_END || size > claimedSize) return std::nullopt;
+    return static_cast<std::int32_t>(size);
+}
+
+std::optional<ByteArray> inflated(Bytes stream, std::int32_t size) {
+    ByteArray bytes(static_cast<std::size_t>(size));
+    if (bytes.empty()) return bytes;
+    const std::size_t written = Inflater(stream).into(bytes).second;
+    return written == bytes.size() ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 } // namespace corvane

@@ -11,9 +11,12 @@ namespace corvane {
 // Deflate makes at most 1032 bytes of one (258 bytes of a length code of 2 bits).
 inline constexpr std::int64_t kLargestInflation = 1032;
 
-// What comes out of the stream, which may be less than `claimedSize` bytes but not more; bytes behind the end of the
-// stream are ignored. Nothing when the stream is damaged or cut, makes more than it claims, or claims nothing or more
-// than its bytes can hold. Memory grows with what really comes out.
-std::optional<ByteArray> inflated(Bytes stream, std::int32_t claimedSize);
+// How many bytes come out of the stream, which may be fewer than `claimedSize` but not more; bytes behind the end of
+// the stream are ignored. Nothing when the stream is damaged or cut, makes more than it claims, or claims nothing or
+// more than its bytes can hold. Takes no memory for what comes out.
+std::optional<std::int32_t> inflatedSize(Bytes stream, std::int32_t claimedSize);
+
+// The first `size` bytes that come out, where inflatedSize has told how many there are. Nothing when there are fewer.
+std::optional<ByteArray> inflated(Bytes stream, std::int32_t size);
 
 } // namespace corvane

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
+#include <utility>
 
 namespace corvane {
 
@@ -49,7 +51,11 @@ std::string readableGenre(std::string_view contentType) {
 
 std::string readableGenre(const std::vector<std::string>& contentTypes) {
     std::vector<std::string> names;
-    for (const std::string& contentType : contentTypes) addOnce(names, readableGenre(contentType));
+    std::set<std::string> seen; // a crafted frame may hold a hundred thousand names
+    for (const std::string& contentType : contentTypes) {
+        std::string name = readableGenre(contentType);
+        if (!name.empty() && seen.insert(name).second) names.push_back(std::move(name));
+    }
     return joinedValues(names);
 }
 

@@ -86,7 +86,8 @@ Bytes TagFrames::bytesInMemory(const FrameRecord& record) const {
 Payload TagFrames::payload(const FrameRecord& record) const {
     const bool isInFile = record.place == FramePlace::File;
     if (!isInFile && record.isPlain()) return bytesInMemory(record);
-    auto payload = undone(isInFile ? Payload(readUnchanged(path_, identity_, record)) : bytesInMemory(record), record);
+    Payload raw = isInFile ? Payload(readUnchanged(path_, identity_, record)) : bytesInMemory(record);
+    auto payload = uncompressed(synchronised(std::move(raw), record), record);
     if (!payload) throw RuntimeFailure(EBADMSG, kSource, "The frame cannot be inflated.");
     return std::move(*payload);
 }
@@ -118,18 +119,17 @@ std::shared_ptr<const TagFrames> noFrames() {
     return none;
 }
 
-std::optional<Payload> undone(Payload raw, const FrameRecord& record) {
-    if (record.unsynchronised) {
-        ByteArray bytes(raw.bytes().begin(), raw.bytes().end());
-        undoUnsynchronisation(bytes);
-        raw = Payload(std::move(bytes));
-    }
-    if (record.compressed) {
-        auto bytes = inflated(raw.bytes(), record.inflatedSize);
-        if (!bytes) return std::nullopt;
-        raw = Payload(std::move(*bytes));
-    }
-    return raw;
+Payload synchronised(Payload raw, const FrameRecord& record) {
+    if (!record.unsynchronised) return raw;
+    ByteArray bytes(raw.bytes().begin(), raw.bytes().end());
+    undoUnsynchronisation(bytes);
+    return bytes;
+}
+
+std::optional<Payload> uncompressed(Payload stream, const FrameRecord& record) {
+    if (!record.compressed) return stream;
+    auto bytes = inflated(stream.bytes(), record.inflatedSize);
+    return bytes ? std::optional<Payload>(std::move(*bytes)) : std::nullopt;
 }
 
 } // namespace corvane

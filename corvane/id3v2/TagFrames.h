@@ -27,7 +27,7 @@ struct FrameRecord {
     FrameId id;
     std::uint32_t size = 0;        // bytes at `offset`
     std::uint64_t offset = 0;      // from the start of its place
-    std::int32_t inflatedSize = 0; // bytes, as claimed
+    std::int32_t inflatedSize = 0; // bytes that come out of a compressed payload
     FramePlace place = FramePlace::Gathered;
     bool encrypted = false;
     bool unsynchronised = false; // the bytes at `offset` are still to be undone
@@ -88,8 +88,9 @@ private:
 // A tag without frames.
 std::shared_ptr<const TagFrames> noFrames();
 
-// The payload behind a record's bytes, which may be unsynchronised and compressed; nothing when they cannot be
-// inflated.
-std::optional<Payload> undone(Payload raw, const FrameRecord& record);
+// A record's bytes with their unsynchronisation undone, where they have any.
+Payload synchronised(Payload raw, const FrameRecord& record);
+// The payload behind such bytes: inflated, where they are compressed. Nothing when that is not possible.
+std::optional<Payload> uncompressed(Payload stream, const FrameRecord& record);
 
 } // namespace corvane

@@ -66,9 +66,10 @@ public:
     // The size that the header claims, instead of the body's.
     Id3v2Builder& claimedSize(std::uint32_t size);
 
-    ByteArray header() const; // 10 bytes
-    ByteArray body() const;   // what stands between header and footer
-    ByteArray done() const;   // the whole tag
+    std::size_t size() const { return body_.size(); } // bytes of the body so far
+    ByteArray header() const;                         // 10 bytes
+    ByteArray body() const;                           // what stands between header and footer
+    ByteArray done() const;                           // the whole tag
 
 private:
     ByteBuilder headerWith(std::string_view identifier) const;
