@@ -31,7 +31,7 @@ coverage: packages ## the tests with a table of the lines that they reach
 
 bench: packages ## build the benchmarks and print their table
 	cmake --preset release
-	cmake --build --preset release
+	cmake --build --preset release --target bench/all corvane-cli tour
 	tools/bench-table build/release
 
 format: packages ## format every C++ file
