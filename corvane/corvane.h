@@ -3,6 +3,7 @@
 
 #include "corvane/Version.h"
 #include "corvane/core/FileHandler.h"
+#include "corvane/core/FileSummary.h"
 #include "corvane/core/TagError.h"
 #include "corvane/core/cError.h"
 #include "corvane/id3v1/EID3TagConstants.h"
