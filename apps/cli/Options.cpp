@@ -145,7 +145,10 @@ void Options::parse(std::vector<std::string> words) {
 std::string Options::help() const {
     CLI::Formatter formatter;
     formatter.column_width(kDescriptionColumn);
-    return formatter.make_groups(&parser_->app, CLI::AppFormatMode::Normal);
+    std::string text = formatter.make_groups(&parser_->app, CLI::AppFormatMode::Normal);
+    constexpr std::string_view kTwoEmptyLines = "\n\n\n"; // what CLI11 puts between groups
+    for (std::size_t gap; (gap = text.find(kTwoEmptyLines)) != std::string::npos;) text.erase(gap, 1);
+    return text;
 }
 
 } // namespace corvane::cli

@@ -122,6 +122,7 @@ TEST_F(SaidOptions, HelpTextHasEveryOptionWithItsValueAndItsGroup) {
                              "--color red|blue", "-h,--help", "\nOthers:\n  --late"}) {
         EXPECT_NE(help.find(part), std::string::npos) << part << help;
     }
+    EXPECT_EQ(help.find("\n\n\n"), std::string::npos);
 }
 
 } // namespace

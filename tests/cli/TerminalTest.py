@@ -90,6 +90,17 @@ class Colours(Terminal):
             self.assertEqual(COLOUR.sub(b"", coloured.encode()).decode(), plain)
 
 
+class Width(Terminal):
+    def test_values_are_wrapped_to_the_terminal_and_to_nothing_else(self):
+        title = "a title of many words " * 20
+        song = self.write("a.mp3", mp3.id3v2([mp3.frame23("TIT2", mp3.latin1(title.strip()))]) + mp3.audio())
+        _, shown, _ = self.on_terminal("show", song, "--color=never", columns=60)
+        lines = shown.decode().splitlines()
+        self.assertLessEqual(max(map(len, lines)), 60)
+        self.assertIn(title.strip(), " ".join(" ".join(lines).split()))
+        self.assertIn(title.strip(), self.output("show", song))
+
+
 class ProgressBar(Terminal):
     def setUp(self):
         super().setUp()
