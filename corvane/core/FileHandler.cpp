@@ -2,7 +2,6 @@
 
 #include "corvane/core/FileDocument.h"
 #include "corvane/core/FileHandlerInternals.h"
-#include "corvane/core/FileRoutines.h"
 #include "corvane/core/Id3v1Trailer.h"
 #include "corvane/core/PathWithoutDrive.h"
 #include "corvane/id3v1/ID3V1Tag.h"
@@ -159,7 +158,7 @@ bool FileHandler::writeID3v1xTag() {
             error_->record("Write Tag", "File does not exist.");
             return false;
         }
-        writeTrailer(fileName_, encodeRecord(*id3v1Tag_).bytes);
+        followOwnChange(writeTrailer(fileName_, encodeRecord(*id3v1Tag_).bytes));
         return true;
     });
 }
@@ -171,9 +170,14 @@ bool FileHandler::removeID3V1xTag() {
             error_->record("RemoveTag", "The file has no ID3v1x tag.");
             return false;
         }
-        FileRoutines::CutFileBytes(fileName_, static_cast<std::int32_t>(kId3v1RecordSize), &*known);
+        followOwnChange(cutTrailer(fileName_, *known));
         return true;
     });
+}
+
+// Pictures that stand in the file and were not read yet stand where they did.
+void FileHandler::followOwnChange(const FileChange& change) const {
+    Internals<corvane::ID3V2Tag>::follow(*id3v2Tag_, change);
 }
 
 bool FileHandler::HasLyricsTag() {

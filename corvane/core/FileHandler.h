@@ -23,6 +23,7 @@ namespace corvane {
 class Drive;
 class File;
 class FileReader;
+struct FileChange;
 class ID3V1Tag;
 class ID3V2Tag;
 class LyricsTag;
@@ -97,6 +98,7 @@ private:
     std::int32_t readId3v2Header(Bytes head);
     void readId3v1Record(FileReader& file);
     void loadLyricsTag();
+    void followOwnChange(const FileChange& change) const;
 
     std::shared_ptr<cError> error_ = std::make_shared<cError>();
     std::string fileName_;

@@ -3,7 +3,7 @@
 
 #include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/platform/Bytes.h"
-#include "corvane/platform/FileIdentity.h"
+#include "corvane/platform/KnownFile.h"
 
 #include <cstdint>
 #include <optional>
@@ -23,6 +23,9 @@ std::optional<FileIdentity> identityWithRecord(const std::string& path);
 
 // Writes a record over the one at the end of the file, or behind its last byte when there is none. Fails, with the file
 // as it was, when that is not possible.
-void writeTrailer(const std::string& path, Bytes record);
+FileChange writeTrailer(const std::string& path, Bytes record);
+
+// Cuts the record off a file that is in the state `known`.
+FileChange cutTrailer(const std::string& path, const FileIdentity& known);
 
 } // namespace corvane

@@ -35,7 +35,7 @@ FrameGatherer::FrameGatherer(FileReader& file, std::string path) : file_(&file) 
     frames_->records_.reserve(kUsualFrames);
     frames_->gathered_.reserve(kUsualTextSize);
     frames_->path_ = std::move(path);
-    frames_->identity_ = file.identity();
+    frames_->file_.set(file.identity());
 }
 
 FrameGatherer::FrameGatherer(ByteArray body) {

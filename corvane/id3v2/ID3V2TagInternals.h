@@ -23,6 +23,10 @@ struct Internals<ID3V2Tag> {
     static void appendXml(ID3V2Tag& tag, pugi::xml_node parent) { tag.appendXml(parent); }
     // The frames of a loaded tag, nullptr before; they live as long as the tag.
     static const TagFrames* frames(const ID3V2Tag& tag) { return tag.frames(); }
+    // The library has changed the tag's file itself, behind the tag.
+    static void follow(const ID3V2Tag& tag, const FileChange& change) {
+        if (const TagFrames* frames = tag.frames(); frames != nullptr) frames->follow(change);
+    }
     // What a loaded tag tells people, see ReadableTag; nothing but "" before it is loaded.
     static ReadableTag readable(const ID3V2Tag& tag) {
         const TagFrames* frames = tag.frames();

@@ -86,7 +86,7 @@ Bytes TagFrames::bytesInMemory(const FrameRecord& record) const {
 Payload TagFrames::payload(const FrameRecord& record) const {
     const bool isInFile = record.place == FramePlace::File;
     if (!isInFile && record.isPlain()) return bytesInMemory(record);
-    Payload raw = isInFile ? Payload(readUnchanged(path_, identity_, record)) : bytesInMemory(record);
+    Payload raw = isInFile ? Payload(readUnchanged(path_, file_.get(), record)) : bytesInMemory(record);
     auto payload = uncompressed(synchronised(std::move(raw), record), record);
     if (!payload) throw RuntimeFailure(EBADMSG, kSource, "The frame cannot be inflated.");
     return std::move(*payload);

@@ -8,7 +8,7 @@
 
 #include "corvane/id3v2/FrameId.h"
 #include "corvane/platform/Bytes.h"
-#include "corvane/platform/FileIdentity.h"
+#include "corvane/platform/KnownFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -67,6 +67,9 @@ public:
     // The payload of a record of this tag. Fails when it stands in the file and that is no longer the one it was.
     Payload payload(const FrameRecord& record) const;
 
+    // The library has changed the file itself, behind the tag: payloads in it are still those that were meant.
+    void follow(const FileChange& change) const { file_.follow(change); }
+
     std::uint64_t paddingSize() const { return paddingSize_; } // as the walk gives it
 
 private:
@@ -81,7 +84,7 @@ private:
     ByteArray gathered_;
     ByteArray body_;
     std::string path_;
-    FileIdentity identity_;
+    KnownFile file_;
     std::uint64_t paddingSize_ = 0;
 };
 

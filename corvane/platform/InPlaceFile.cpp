@@ -34,6 +34,11 @@ InPlaceFile::InPlaceFile(const std::string& path)
 
 InPlaceFile::~InPlaceFile() { ::close(descriptor_); }
 
+FileIdentity InPlaceFile::identity() const {
+    struct stat status {};
+    return ::fstat(descriptor_, &status) == 0 ? identityOf(status) : FileIdentity{};
+}
+
 ByteArray InPlaceFile::read(std::uint64_t offset, std::size_t count) const {
     if (offset >= size_) return {};
     ByteArray bytes(static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset)));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "corvane/platform/Bytes.h"
+#include "corvane/platform/FileIdentity.h"
 
 #include <cstdint>
 #include <string>
@@ -20,6 +21,8 @@ public:
 
     // Length in bytes when it was opened.
     std::uint64_t size() const { return size_; }
+    // The file's state now; the empty one when the system does not tell it.
+    FileIdentity identity() const;
     // The bytes [offset, offset + count), fewer when the file ends before.
     ByteArray read(std::uint64_t offset, std::size_t count) const;
 

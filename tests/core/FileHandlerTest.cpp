@@ -8,6 +8,8 @@
 #include "corvane/platform/File.h"
 
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/Id3v2Builder.h"
+#include "tests/support/ImageBuilder.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -321,6 +323,34 @@ TEST_F(FileHandlerTest, RemovingCutsTheRecordOffAndLeavesTheObjects) {
     EXPECT_TRUE(handler.HasID3V1Tag());
     EXPECT_EQ(handler.ID3v1xTag()->Title(), "A title");
     EXPECT_FALSE(handler.HasTag());
+}
+
+TEST_F(FileHandlerTest, PicturesCanStillBeReadAfterChangesOfItsOwn) {
+    const ByteArray picture = test::pngImage(100, 100);
+    const auto frame = test::joined({test::pictureFrame(picture), ByteArray(10'000, 7)});
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(
+        write(test::joined({test::Id3v2Builder(3).text("TIT2", "t").frame("APIC", frame).done(), audio()}))));
+    ASSERT_EQ(handler.ID3V2Tag()->Title(), "t");
+    handler.ID3v1xTag()->TagType(ID3v1);
+    for (const auto change :
+         {&FileHandler::writeID3v1xTag, &FileHandler::writeID3v1xTag, &FileHandler::removeID3V1xTag}) {
+        ASSERT_TRUE((handler.*change)());
+        ASSERT_TRUE(handler.ID3V2Tag()->Picture());
+        EXPECT_NO_THROW(handler.ID3V2Tag()->xml());
+    }
+}
+
+TEST_F(FileHandlerTest, PicturesOfAFileThatSomebodyElseHasChangedStayRefusedAfterChangesOfItsOwn) {
+    const auto frame = test::joined({test::pictureFrame(test::pngImage(100, 100)), ByteArray(10'000, 7)});
+    const ByteArray tag = test::Id3v2Builder(3).text("TIT2", "t").frame("APIC", frame).done();
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(write(with(tag, audio()))));
+    ASSERT_EQ(handler.ID3V2Tag()->Title(), "t");
+    write(test::joined({tag, audio(), audio()}));
+    handler.ID3v1xTag()->TagType(ID3v1);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    EXPECT_FALSE(handler.ID3V2Tag()->Picture());
 }
 
 TEST_F(FileHandlerTest, RemovingWhatIsNotThereIsRecorded) {
