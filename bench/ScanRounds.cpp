@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <limits>
 #include <vector>
@@ -27,6 +28,15 @@ double processorMicroseconds() {
     return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
+// Peak memory of this program in kB. What getrusage tells also counts the program that started this one.
+long peakKilobytes() {
+    std::ifstream status("/proc/self/status");
+    const std::string label = "VmHWM:";
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with(label)) return std::atol(line.c_str() + label.size());
+    return 0;
+}
+
 } // namespace
 
 int scanRounds(int argumentCount, char** arguments, const std::function<void(const std::string&)>& read) {
@@ -42,7 +52,7 @@ int scanRounds(int argumentCount, char** arguments, const std::function<void(con
         for (const auto& file : files) read(file);
         best = std::min(best, (processorMicroseconds() - start) / static_cast<double>(files.size()));
     }
-    std::cout << best << '\n';
+    std::cout << best << ' ' << peakKilobytes() << '\n';
     return 0;
 }
 
