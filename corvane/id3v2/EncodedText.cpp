@@ -47,7 +47,7 @@ std::size_t EncodedTextReader::unitSize() const {
 
 bool EncodedTextReader::isMarkedUtf16(ByteReader payload) const {
     const auto mark = payload.number<2>();
-    return unitSize() == 2 && (mark == kBigEndianMark || mark == kLittleEndianMark);
+    return unitSize() == 2 && mark && (*mark == kBigEndianMark || *mark == kLittleEndianMark);
 }
 
 // Bytes in front of the first unit 0, or all whole units.
