@@ -33,7 +33,8 @@ struct FrameId {
     // The ID as text.
     std::string text() const;
 
-    friend constexpr auto operator<=>(const FrameId&, const FrameId&) = default;
+    // clang-tidy 14 takes the 0 with which the compiler compares the result for a pointer.
+    friend constexpr auto operator<=>(const FrameId&, const FrameId&) = default; // NOLINT(modernize-use-nullptr)
 };
 
 } // namespace corvane
