@@ -1,8 +1,8 @@
 #include "apps/cli/PictureText.h"
 
-#include "corvane/id3v2/EncodedText.h"
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/CodePage.h"
+#include "corvane/platform/EncodedText.h"
 #include "corvane/platform/Picture.h"
 
 #include "apps/cli/Quantity.h"

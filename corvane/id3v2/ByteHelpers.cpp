@@ -1,11 +1,11 @@
 #include "corvane/id3v2/ByteHelpers.h"
 
-#include "corvane/id3v2/Utf16Text.h"
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/Numbers.h"
 #include "corvane/platform/Picture.h"
 #include "corvane/platform/Utf.h"
+#include "corvane/platform/Utf16Text.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "corvane/id3v2/FrameGatherer.h"
 
-#include "corvane/id3v2/Inflate.h"
 #include "corvane/platform/ByteReader.h"
+#include "corvane/platform/Inflate.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "corvane/id3v2/ID3V2TagXml.h"
 
 #include "corvane/id3v2/FrameText.h"
-#include "corvane/id3v2/Utf16Text.h"
+#include "corvane/platform/Utf16Text.h"
 #include "corvane/xml/XmlLayout.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "corvane/id3v2/ReadableGenre.h"
 
 #include "corvane/id3v1/GenreTable.h"
-#include "corvane/id3v2/EncodedText.h"
+#include "corvane/platform/EncodedText.h"
 #include "corvane/platform/Numbers.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "corvane/id3v2/ReadableText.h"
 
-#include "corvane/id3v2/EncodedText.h"
 #include "corvane/id3v2/ReadableGenre.h"
 #include "corvane/platform/CodePage.h"
+#include "corvane/platform/EncodedText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 #include "corvane/id3v2/TagFrames.h"
 
-#include "corvane/id3v2/Inflate.h"
-#include "corvane/id3v2/Unsynchronisation.h"
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/FileReader.h"
+#include "corvane/platform/Inflate.h"
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/platform/Unsynchronisation.h"
 
 #include <algorithm>
 #include <bitset>

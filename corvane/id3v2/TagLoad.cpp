@@ -2,9 +2,9 @@
 
 #include "corvane/id3v2/ByteHelpers.h"
 #include "corvane/id3v2/FrameGatherer.h"
-#include "corvane/id3v2/Unsynchronisation.h"
 #include "corvane/platform/FilePosition.h"
 #include "corvane/platform/FileReader.h"
+#include "corvane/platform/Unsynchronisation.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
-#include "corvane/id3v2/EncodedText.h"
+#include "corvane/platform/EncodedText.h"
 
-#include "corvane/id3v2/Utf16Text.h"
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/Utf.h"
+#include "corvane/platform/Utf16Text.h"
 
 #include <cstring>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "corvane/id3v2/Inflate.h"
+#include "corvane/platform/Inflate.h"
 
 #include "tests/support/Id3v2Builder.h"
 

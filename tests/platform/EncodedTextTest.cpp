@@ -1,4 +1,4 @@
-#include "corvane/id3v2/EncodedText.h"
+#include "corvane/platform/EncodedText.h"
 
 #include "tests/support/Id3v2Builder.h"
 

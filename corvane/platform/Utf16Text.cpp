@@ -1,4 +1,4 @@
-#include "corvane/id3v2/Utf16Text.h"
+#include "corvane/platform/Utf16Text.h"
 
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/Utf.h"

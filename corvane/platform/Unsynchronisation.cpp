@@ -1,4 +1,4 @@
-#include "corvane/id3v2/Unsynchronisation.h"
+#include "corvane/platform/Unsynchronisation.h"
 
 #include <algorithm>
 
