@@ -6,9 +6,12 @@
 //        8     2  flags: status, format
 #pragma once
 
+#include "corvane/platform/Bytes.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace corvane {
@@ -25,6 +28,13 @@ struct RawFrame {
     std::string_view idText() const { return {id.data(), id.size()}; }
     // Bytes of header and data.
     std::uint64_t size() const { return kHeaderSize + std::uint64_t{dataSize}; }
+    // Four letters or digits; or three and a blank or a 0, as programs write that have made a tag of version 2.3 out of
+    // one of version 2.2.
+    bool hasFrameId() const;
 };
+
+// The header that the first 10 of `bytes`, found at `offset`, make, whatever they say; nothing when there are fewer.
+std::optional<RawFrame> decodeFrameHeader(Bytes bytes, std::uint64_t offset);
+std::array<std::uint8_t, RawFrame::kHeaderSize> encodedFrameHeader(const RawFrame& frame);
 
 } // namespace corvane

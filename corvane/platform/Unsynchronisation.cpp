@@ -1,5 +1,7 @@
 #include "corvane/platform/Unsynchronisation.h"
 
+#include "corvane/platform/ByteReader.h"
+
 #include <algorithm>
 
 namespace corvane {
@@ -17,6 +19,21 @@ void undoUnsynchronisation(ByteArray& bytes) {
         if (!isStuffing(byte)) *kept++ = byte;
     }
     bytes.erase(kept, bytes.end());
+}
+
+bool isUnsynchronised(Bytes bytes) {
+    constexpr std::uint8_t kSync = 0xE0; // and above: with an FF before it, the start of an audio frame
+    ByteReader reader(bytes);
+    while (const auto byte = reader.number<1>()) {
+        if (*byte != 0xFF) continue;
+        const auto next = ByteReader(reader).number<1>();
+        if (next && *next >= kSync) return false;
+        if (!next || *next != 0) continue;
+        reader.take(1);
+        const auto protectedByte = ByteReader(reader).number<1>();
+        if (protectedByte && *protectedByte != 0 && *protectedByte < kSync) return false;
+    }
+    return true;
 }
 
 } // namespace corvane

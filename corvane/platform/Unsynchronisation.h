@@ -9,4 +9,8 @@ namespace corvane {
 // Drops every 00 that directly follows an FF.
 void undoUnsynchronisation(ByteArray& bytes);
 
+// Whether every FF is followed by what the format puts there, and no 00 stands where it puts none: only then does
+// undoing bring back what was meant. Programs that set the flag and do nothing are known.
+bool isUnsynchronised(Bytes bytes);
+
 } // namespace corvane

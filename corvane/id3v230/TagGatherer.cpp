@@ -1,0 +1,85 @@
+#include "corvane/id3v230/TagGatherer.h"
+
+#include "corvane/platform/ByteReader.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane {
+
+namespace {
+
+// Text up to this size is gathered at once, since all of it will be asked for. So are other frames, when they are small
+// and have been read from the file anyway; of the rest, as much as tells what they are.
+constexpr std::size_t kGatheredTextSize = std::size_t{64} * 1024;
+constexpr std::size_t kGatheredSize = 4096;
+constexpr std::size_t kGatheredHead = 256;
+
+constexpr std::array<std::string_view, 3> kTextIds{"COMM", "USLT", "SYLT"};
+
+bool holdsText(std::string_view id) {
+    return id.front() == 'T' || id.front() == 'W' || std::ranges::find(kTextIds, id) != kTextIds.end();
+}
+
+bool isEmpty(Bytes padding) {
+    return std::ranges::all_of(padding, [](std::uint8_t byte) { return byte == 0; });
+}
+
+class BodySource {
+public:
+    explicit BodySource(Bytes body) : body_(body) {}
+    Bytes view(std::uint64_t position, std::size_t count) const {
+        ByteReader rest = readerAt(body_, static_cast<std::size_t>(position));
+        return *rest.take(std::min(count, rest.left()));
+    }
+    // Nothing has to be gathered: the body is kept.
+    static std::size_t atHand(std::uint64_t) { return 0; }
+
+private:
+    Bytes body_;
+};
+
+} // namespace
+
+void TagGatherer::refuse(std::int32_t number, std::string reason) {
+    if (!image_->refusal_) image_->refusal_ = TagImage::Refusal{number, std::move(reason)};
+}
+
+std::size_t TagGatherer::gatheredSize(const RawFrame& frame, std::size_t atHand) {
+    const std::size_t size = frame.dataSize;
+    if (holdsText(frame.idText()) && size <= kGatheredTextSize) return size;
+    return size <= atHand && size <= kGatheredSize ? size : std::min({size, atHand, kGatheredHead});
+}
+
+void TagGatherer::keep(const RawFrame& frame, Bytes data) {
+    const auto offset = static_cast<std::uint32_t>(image_->memory_.size());
+    image_->frames_.push_back(frame);
+    image_->gathered_.push_back({offset, static_cast<std::uint32_t>(data.size())});
+    image_->memory_.insert(image_->memory_.end(), data.begin(), data.end());
+}
+
+void TagGatherer::ended(const RawWalkEnd& walked, std::uint64_t end) {
+    if (walked.damage) {
+        refuse(kBadData, *walked.damage);
+    } else {
+        image_->padding_ = {walked.position, end - walked.position};
+    }
+}
+
+void TagGatherer::walkBody(ByteArray body, std::uint64_t begin) {
+    BodySource source(body);
+    const auto take = [&](const RawFrame& frame) {
+        image_->frames_.push_back(frame);
+        const auto data = static_cast<std::uint32_t>(frame.offset + RawFrame::kHeaderSize);
+        image_->gathered_.push_back({data, frame.dataSize});
+    };
+    const RawWalkEnd walked = walkRawFrames(source, begin, body.size(), take);
+    if (walked.damage) {
+        refuse(kBadData, *walked.damage);
+    } else if (!isEmpty(readerAt(body, static_cast<std::size_t>(walked.position)).takeRest())) {
+        refuse(kBadData, TagImage::paddingRefusal().reason);
+    }
+    image_->memory_ = std::move(body);
+}
+
+} // namespace corvane

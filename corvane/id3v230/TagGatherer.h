@@ -1,0 +1,51 @@
+// Fills the image of a tag while its bytes are walked.
+#pragma once
+
+#include "corvane/id3v230/RawWalk.h"
+#include "corvane/id3v230/TagImage.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace corvane {
+
+class TagGatherer {
+public:
+    static constexpr std::int32_t kBadData = 3, kOtherVersion = 10; // of id3lib's error table
+
+    TagGatherer(const std::string& path, const FileIdentity& identity)
+        : image_(new TagImage(path, identity)) {} // NOLINT: the constructor is private
+
+    void setHead(const TagHead& head) { image_->head_ = head; }
+    // Keeps the first reason only.
+    void refuse(std::int32_t number, std::string reason);
+
+    // Walks the frames in [begin, end) of a source that also has `std::size_t atHand(std::uint64_t position)`: how many
+    // bytes a view gives there at no cost.
+    template <class Source>
+    void walk(Source& source, std::uint64_t begin, std::uint64_t end) {
+        image_->memory_.reserve(kUsualTextSize);
+        const auto take = [&](const RawFrame& frame) {
+            const std::uint64_t data = frame.offset + RawFrame::kHeaderSize;
+            const std::size_t size = gatheredSize(frame, source.atHand(data));
+            keep(frame, size == 0 ? Bytes{} : source.view(data, size));
+        };
+        ended(walkRawFrames(source, begin, end, take), end);
+    }
+    // Walks a body whose unsynchronisation has been undone, from `begin` on, and keeps it.
+    void walkBody(ByteArray body, std::uint64_t begin);
+
+    std::shared_ptr<TagImage> done() { return std::move(image_); }
+
+private:
+    static constexpr std::size_t kUsualTextSize = 1000; // bytes; room for most tags
+
+    static std::size_t gatheredSize(const RawFrame& frame, std::size_t atHand);
+    void keep(const RawFrame& frame, Bytes data);
+    void ended(const RawWalkEnd& walked, std::uint64_t end);
+
+    std::shared_ptr<TagImage> image_;
+};
+
+} // namespace corvane
