@@ -21,7 +21,10 @@ struct PictureHead {
 };
 
 struct FrameContent {
-    FrameVariant value;               // text, or the count of PCNT (32 bits); nothing for frames without such a value
+    // Text, without the zeros at its end and with U+0000 between several values; the count of PCNT, 2^31 - 1 for all
+    // that is more; nothing for frames without such a value. The value of SYLT is its lines with their times
+    // (SyncedLyrics.h), that of UFID its identifier (SpreadText.h), that of a W frame its address.
+    FrameVariant value;
     std::string description;          // "" for frames without one
     std::string language;             // three letters as they stand; "" for frames without one
     PictureHead picture;              // APIC only
@@ -29,7 +32,8 @@ struct FrameContent {
 };
 
 // Takes the payload of a frame: its data, inflated, without the bytes that format flags announce. Damaged data give
-// what can be understood of them. Of an attached picture the bytes up to the image are enough.
+// what can be understood of them. Of an attached picture the bytes up to the image are enough; the size of its data
+// field is that of the image bytes given.
 FrameContent contentOfFrame(ID3_FrameID frame, Bytes payload);
 
 } // namespace corvane

@@ -1,0 +1,101 @@
+#include "corvane/id3v230/Id3FrameNumbers.h"
+
+#include <id3.h>
+
+#include <array>
+#include <cstddef>
+
+namespace corvane {
+
+namespace {
+
+// By our number: the names are the same.
+constexpr auto kNumbers = std::to_array<::ID3_FrameID>({
+    ::ID3FID_NOFRAME,
+    ::ID3FID_AUDIOCRYPTO,
+    ::ID3FID_PICTURE,
+    ::ID3FID_COMMENT,
+    ::ID3FID_COMMERCIAL,
+    ::ID3FID_CRYPTOREG,
+    ::ID3FID_EQUALIZATION,
+    ::ID3FID_EVENTTIMING,
+    ::ID3FID_GENERALOBJECT,
+    ::ID3FID_GROUPINGREG,
+    ::ID3FID_INVOLVEDPEOPLE,
+    ::ID3FID_LINKEDINFO,
+    ::ID3FID_CDID,
+    ::ID3FID_MPEGLOOKUP,
+    ::ID3FID_OWNERSHIP,
+    ::ID3FID_PRIVATE,
+    ::ID3FID_PLAYCOUNTER,
+    ::ID3FID_POPULARIMETER,
+    ::ID3FID_POSITIONSYNC,
+    ::ID3FID_BUFFERSIZE,
+    ::ID3FID_VOLUMEADJ,
+    ::ID3FID_REVERB,
+    ::ID3FID_SYNCEDLYRICS,
+    ::ID3FID_SYNCEDTEMPO,
+    ::ID3FID_ALBUM,
+    ::ID3FID_BPM,
+    ::ID3FID_COMPOSER,
+    ::ID3FID_CONTENTTYPE,
+    ::ID3FID_COPYRIGHT,
+    ::ID3FID_DATE,
+    ::ID3FID_PLAYLISTDELAY,
+    ::ID3FID_ENCODEDBY,
+    ::ID3FID_LYRICIST,
+    ::ID3FID_FILETYPE,
+    ::ID3FID_TIME,
+    ::ID3FID_CONTENTGROUP,
+    ::ID3FID_TITLE,
+    ::ID3FID_SUBTITLE,
+    ::ID3FID_INITIALKEY,
+    ::ID3FID_LANGUAGE,
+    ::ID3FID_SONGLEN,
+    ::ID3FID_MEDIATYPE,
+    ::ID3FID_ORIGALBUM,
+    ::ID3FID_ORIGFILENAME,
+    ::ID3FID_ORIGLYRICIST,
+    ::ID3FID_ORIGARTIST,
+    ::ID3FID_ORIGYEAR,
+    ::ID3FID_FILEOWNER,
+    ::ID3FID_LEADARTIST,
+    ::ID3FID_BAND,
+    ::ID3FID_CONDUCTOR,
+    ::ID3FID_MIXARTIST,
+    ::ID3FID_PARTINSET,
+    ::ID3FID_PUBLISHER,
+    ::ID3FID_TRACKNUM,
+    ::ID3FID_RECORDINGDATES,
+    ::ID3FID_NETRADIOSTATION,
+    ::ID3FID_NETRADIOOWNER,
+    ::ID3FID_SIZE,
+    ::ID3FID_ISRC,
+    ::ID3FID_ENCODERSETTINGS,
+    ::ID3FID_USERTEXT,
+    ::ID3FID_YEAR,
+    ::ID3FID_UNIQUEFILEID,
+    ::ID3FID_TERMSOFUSE,
+    ::ID3FID_UNSYNCEDLYRICS,
+    ::ID3FID_WWWCOMMERCIALINFO,
+    ::ID3FID_WWWCOPYRIGHT,
+    ::ID3FID_WWWAUDIOFILE,
+    ::ID3FID_WWWARTIST,
+    ::ID3FID_WWWAUDIOSOURCE,
+    ::ID3FID_WWWRADIOPAGE,
+    ::ID3FID_WWWPAYMENT,
+    ::ID3FID_WWWPUBLISHER,
+    ::ID3FID_WWWUSER,
+    ::ID3FID_METACRYPTO,
+    ::ID3FID_METACOMPRESSION,
+});
+static_assert(kNumbers.size() == static_cast<std::size_t>(ID3_FrameID::ID3FID_METACOMPRESSION) + 1);
+
+} // namespace
+
+std::optional<std::int32_t> id3libNumberOf(ID3_FrameID frame) {
+    const auto index = static_cast<std::size_t>(frame);
+    return index < kNumbers.size() ? std::optional<std::int32_t>(kNumbers[index]) : std::nullopt;
+}
+
+} // namespace corvane
