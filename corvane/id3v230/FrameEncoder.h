@@ -1,7 +1,11 @@
 // Encoding ID3v2.3 frames: the way from values to the bytes that stand in a tag.
 //
-// Plain texts are put together here. Everything else is made by id3lib, which gets an empty file of its own to write
-// to; it never sees a file of a user, nor bytes that the library did not make.
+// Plain texts are put together here, and texts of several values, of which id3lib would keep the first. Everything else
+// is made by id3lib, which gets an empty file of its own to write to; it never sees a file of a user, nor bytes that
+// the library did not make.
+//
+// Text is written in ISO-8859-1 where that loses nothing, else as UTF-16. In the addresses of W frames, which have one
+// byte a character, other characters are escaped with "%".
 #pragma once
 
 #include "corvane/id3v230/FrameVariant.h"
@@ -21,14 +25,23 @@ class Picture;
 struct FrameToWrite {
     ID3_FrameID frame = ID3_FrameID::ID3FID_NOFRAME;
     FrameVariant value; // never an empty text: such frames are left out by the caller
+    // A description or language of a frame that has no field for it is told to the user in a message box and left out.
     std::string description;
-    std::string language;             // three letters; "" lets the encoder choose where the frame has a language
+    std::string language; // where the frame has one: three characters, "" for "eng"; any other text is written as "XXX"
     std::shared_ptr<Picture> picture; // APIC only
     std::uint8_t pictureType = 3;     // APIC only
 };
 
-// The frames, each with its header, in the order given. Fails with a RuntimeFailure whose number is that of id3lib's
-// error table, when a value has no place in its frame or the encoding fails; nothing has been changed then.
+// The frames, each with its header, in the order given. A failure is a RuntimeFailure with a number of id3lib's error
+// table (EncodingFailure.h), or with errno where the temporary file cannot be made. Nothing has been made then:
+//
+//   3  the value cannot stand in the frame: none at all, lyrics whose times cannot be read back, a count that is none,
+//   a
+//      zero where the frame has no place for several values, more than a tag can hold
+//   4  what id3lib has made is missing or wrong, as on a full temporary disk
+//   6  there is no such frame
+//   7  the frame has no field for a value (PRIV, GEOB, ...); the user has been told in a message box
+//  11  id3lib is not there
 std::vector<ByteArray> encodedFrames(std::span<const FrameToWrite> frames);
 
 } // namespace corvane
