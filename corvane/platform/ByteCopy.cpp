@@ -2,11 +2,13 @@
 
 #include "corvane/platform/RuntimeFailure.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <optional>
 
 namespace corvane {
 
@@ -45,13 +47,44 @@ Range copiedBySystem(int source, int target, Range range) {
     return range;
 }
 
+RuntimeFailure shorterFailure() { return {EIO, "read", "The file became shorter while it was read"}; }
+
 Bytes readBlock(int source, std::uint64_t offset, std::span<std::uint8_t> block) {
     for (;;) {
         const auto got = ::pread(source, block.data(), block.size(), static_cast<off_t>(offset));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) throw systemFailure(errno, "read");
-        if (got == 0) throw RuntimeFailure(EIO, "read", "The file became shorter while it was read");
+        if (got == 0) throw shorterFailure();
         return block.first(static_cast<std::size_t>(got));
+    }
+}
+
+std::uint64_t sizeOf(const struct stat& status) { return static_cast<std::uint64_t>(status.st_size); }
+
+struct stat statusOf(int file) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0) throw systemFailure(errno, "copy");
+    return status;
+}
+
+bool isLargeAndSparse(int file) {
+    constexpr std::uint64_t kBlock = 512; // bytes, the unit of st_blocks
+    const struct stat status = statusOf(file);
+    return sizeOf(status) >= kLargeSparseFile &&
+           static_cast<std::uint64_t>(status.st_blocks) < sizeOf(status) / 2 / kBlock;
+}
+
+// Bytes from `offset` on to the next data (SEEK_DATA) or hole (SEEK_HOLE); nothing when there are none to the end of
+// the file.
+std::optional<std::uint64_t> distanceToNext(int kind, int file, std::uint64_t offset) {
+    const off_t found = ::lseek(file, static_cast<off_t>(offset), kind);
+    if (found < 0 && errno != ENXIO) throw systemFailure(errno, "copy");
+    return found < 0 ? std::nullopt : std::optional(static_cast<std::uint64_t>(found) - offset);
+}
+
+void setSize(int target, std::uint64_t size) {
+    while (::ftruncate(target, static_cast<off_t>(size)) != 0) {
+        if (errno != EINTR) throw systemFailure(errno, "copy");
     }
 }
 
@@ -77,6 +110,23 @@ void copyRange(int source, std::uint64_t sourceOffset, int target, std::uint64_t
         writeAt(target, range.targetOffset, bytes);
         range.advance(bytes.size());
     }
+}
+
+void appendRange(int source, std::uint64_t sourceOffset, int target, std::uint64_t targetSize, std::uint64_t count) {
+    if (!isLargeAndSparse(source)) return copyRange(source, sourceOffset, target, targetSize, count);
+    const std::uint64_t end = targetSize + count;
+    Range range{sourceOffset, targetSize, count};
+    while (range.count > 0) {
+        range.advance(
+            std::min(distanceToNext(SEEK_DATA, source, range.sourceOffset).value_or(range.count), range.count));
+        if (range.count == 0) break;
+        const auto data = distanceToNext(SEEK_HOLE, source, range.sourceOffset).value_or(range.count);
+        const Range piece{range.sourceOffset, range.targetOffset, std::min(data, range.count)};
+        copyRange(source, piece.sourceOffset, target, piece.targetOffset, piece.count);
+        range.advance(piece.count);
+    }
+    if (sizeOf(statusOf(source)) < sourceOffset + count) throw shorterFailure();
+    if (sizeOf(statusOf(target)) < end) setSize(target, end);
 }
 
 } // namespace corvane

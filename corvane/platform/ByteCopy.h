@@ -19,4 +19,10 @@ void writeAt(int target, std::uint64_t offset, Bytes bytes);
 // does is a failure. The ranges must not overlap when both are of the same file.
 void copyRange(int source, std::uint64_t sourceOffset, int target, std::uint64_t targetOffset, std::uint64_t count);
 
+// The same to the end of a target that has `targetSize` bytes. Of a source of kLargeSparseFile bytes or more of which
+// the medium holds less than half, holes become holes: nothing is read or written for them. Smaller files are copied
+// byte for byte, because there have been file systems that told of holes where there were data.
+inline constexpr std::uint64_t kLargeSparseFile = std::uint64_t{256} * 1024 * 1024;
+void appendRange(int source, std::uint64_t sourceOffset, int target, std::uint64_t targetSize, std::uint64_t count);
+
 } // namespace corvane

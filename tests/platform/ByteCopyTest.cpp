@@ -96,5 +96,66 @@ TEST(ByteCopy, WritingMoreThanFitsIsAFailure) {
     EXPECT_EQ(test::failureNumberOf([&] { copyRange(source.number(), 0, full.number(), 0, 1000); }), ENOSPC);
 }
 
+// A file of `size` bytes that has data only where it is written to.
+class SparseFile {
+public:
+    SparseFile(const ScratchFolder& folder, std::uint64_t size) : file_(opened(folder.path("sparse"))) {
+        EXPECT_EQ(::ftruncate(file_.number(), static_cast<off_t>(size)), 0);
+    }
+    void write(std::uint64_t offset, std::string_view text) const { writeAt(file_.number(), offset, bytesOf(text)); }
+    int number() const { return file_.number(); }
+
+private:
+    Descriptor file_;
+};
+
+std::string textAt(int file, std::uint64_t offset, std::size_t size) {
+    std::string text(size, '?');
+    const auto got = ::pread(file, text.data(), size, static_cast<off_t>(offset));
+    text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
+    return text;
+}
+
+constexpr std::uint64_t kHuge = 4'500'000'000;
+
+TEST(AppendRange, LeavesTheHolesOfALargeFileHoles) {
+    const ScratchFolder folder;
+    const SparseFile source(folder, kHuge);
+    source.write(0, "front");
+    source.write(3'000'000'000, "middle");
+    const Descriptor target = opened(folder.write("target", bytesOf("old")));
+    appendRange(source.number(), 2, target.number(), 3, kHuge - 2);
+    EXPECT_EQ(textAt(target.number(), 0, 6), "oldont");
+    EXPECT_EQ(textAt(target.number(), 3'000'000'000 + 1, 6), "middle");
+    EXPECT_EQ(textAt(target.number(), kHuge, 10), std::string(1, '\0')) << "it ends with a hole";
+    EXPECT_LT(test::statusOf(folder.path("target")).st_blocks, 10'000);
+}
+
+TEST(AppendRange, CopiesARangeThatBeginsAndEndsInHoles) {
+    const ScratchFolder folder;
+    const SparseFile source(folder, kHuge);
+    source.write(1'000'000'000, "data");
+    const Descriptor target = opened(folder.path("target"));
+    appendRange(source.number(), 999'999'990, target.number(), 0, 24);
+    EXPECT_EQ(textAt(target.number(), 0, 99), std::string(10, '\0') + "data" + std::string(10, '\0'));
+}
+
+TEST(AppendRange, ALargeFileThatEndsBeforeTheRangeDoesIsAFailure) {
+    const ScratchFolder folder;
+    const SparseFile source(folder, kHuge);
+    const Descriptor target = opened(folder.path("target"));
+    EXPECT_EQ(test::failureNumberOf([&] { appendRange(source.number(), 0, target.number(), 0, kHuge + 1); }), EIO);
+}
+
+TEST(AppendRange, CopiesASmallFileByteForByte) {
+    const ScratchFolder folder;
+    const ByteArray content = test::countedBytes(350'000);
+    const Descriptor source = opened(folder.write("source", content));
+    const Descriptor target = opened(folder.write("target", bytesOf("old")));
+    appendRange(source.number(), 5, target.number(), 3, content.size() - 5);
+    EXPECT_EQ(contentOf(folder.path("target")), test::joined({bytesOf("old"), Bytes(content).subspan(5)}));
+    EXPECT_EQ(test::failureNumberOf([&] { appendRange(source.number(), 1, target.number(), 0, content.size()); }), EIO);
+}
+
 } // namespace
 } // namespace corvane
