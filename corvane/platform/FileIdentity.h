@@ -17,6 +17,13 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
+// Whether it is the same file with the same content; what else is changed of it, its permissions for one, does not
+// matter.
+constexpr bool hasSameContent(const FileIdentity& one, const FileIdentity& other) {
+    return one.device == other.device && one.inode == other.inode && one.size == other.size &&
+           one.modifiedNanoseconds == other.modifiedNanoseconds;
+}
+
 FileIdentity identityOf(const struct stat& status);
 
 } // namespace corvane

@@ -49,11 +49,6 @@ int setModificationTime(int file, const struct stat& status) {
 
 RuntimeFailure changedFailure() { return {EBUSY, kSource, "The file was changed by another program meanwhile"}; }
 
-bool hasSameContent(const FileIdentity& one, const FileIdentity& other) {
-    return one.device == other.device && one.inode == other.inode && one.size == other.size &&
-           one.modifiedNanoseconds == other.modifiedNanoseconds;
-}
-
 } // namespace
 
 FileReplacement::FileReplacement(const std::string& path, std::string temporaryExtension)
@@ -83,7 +78,7 @@ void FileReplacement::copy(std::uint64_t offset, std::uint64_t count) {
         throw RuntimeFailure(EINVAL, kSource, "The range does not lie within the file");
     begin();
     const FileSizeLimitGuard guard;
-    copyRange(original_.number(), offset, temporary_->descriptor(), size_, count);
+    appendRange(original_.number(), offset, temporary_->descriptor(), size_, count);
     if (keptPrefix_ == size_ && offset == size_) keptPrefix_ += count;
     size_ += count;
 }
@@ -129,7 +124,12 @@ void FileReplacement::requireSameState() const {
 }
 
 void FileReplacement::putInPlace() {
+    const FileIdentity complete = identityOf(statusOf(temporary_->descriptor()));
     temporary_->replace(fileName_);
+    // The step changes the time of the inode, so the state has to be asked for again.
+    struct stat named {};
+    const bool isTold = ::fstatat(folder_.number(), fileName_.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isTold && hasSameContent(identityOf(named), complete)) committed_ = identityOf(named);
     ::fsync(folder_.number()); // see commit: the file is the new one, whatever this says
 }
 
@@ -137,6 +137,8 @@ void FileReplacement::fillInPlace() {
     fillOwnInode({folder_.number(), original_.number(), status_, *temporary_, size_, keptPrefix_});
     // Only the owner may do that, while others may well have been allowed to write.
     if (keepsModificationTime_) static_cast<void>(setModificationTime(original_.number(), status_));
+    struct stat filled {};
+    if (::fstat(original_.number(), &filled) == 0) committed_ = identityOf(filled);
 }
 
 } // namespace corvane

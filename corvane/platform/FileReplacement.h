@@ -64,6 +64,8 @@ public:
     // cannot be flushed; a power cut would then bring the old content back, whole. That is no failure of the call: the
     // file is the new one.
     void commit();
+    // The state in which commit has left the file; the empty one when the system does not tell it.
+    const FileIdentity& committed() const { return committed_; }
 
 private:
     void requireSameState() const;
@@ -79,6 +81,7 @@ private:
     Descriptor original_;
     struct stat status_ {};
     FileIdentity identity_;
+    FileIdentity committed_;
     std::optional<TemporaryFile> temporary_; // after the folder's descriptor, which it needs to the end
     std::uint64_t size_ = 0;                 // of the new content so far, in bytes
     std::uint64_t keptPrefix_ = 0;           // bytes at the start that are those of the old content

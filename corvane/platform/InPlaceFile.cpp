@@ -29,7 +29,7 @@ InPlaceFile::InPlaceFile(const std::string& path)
         if (problem != 0) throw systemFailure(problem, "open");
         throw RuntimeFailure(EINVAL, "open", "Not a regular file");
     }
-    size_ = static_cast<std::uint64_t>(status.st_size);
+    opened_ = identityOf(status);
 }
 
 InPlaceFile::~InPlaceFile() { ::close(descriptor_); }
@@ -40,8 +40,8 @@ FileIdentity InPlaceFile::identity() const {
 }
 
 ByteArray InPlaceFile::read(std::uint64_t offset, std::size_t count) const {
-    if (offset >= size_) return {};
-    ByteArray bytes(static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset)));
+    if (offset >= size()) return {};
+    ByteArray bytes(static_cast<std::size_t>(std::min<std::uint64_t>(count, size() - offset)));
     std::size_t done = 0;
     while (done < bytes.size()) {
         const auto got =
@@ -55,37 +55,44 @@ ByteArray InPlaceFile::read(std::uint64_t offset, std::size_t count) const {
     return bytes;
 }
 
-void InPlaceFile::write(std::uint64_t offset, Bytes bytes) {
+void InPlaceFile::write(std::uint64_t offset, Bytes bytes) { overwrite(offset, bytes, read(offset, bytes.size())); }
+
+void InPlaceFile::overwrite(std::uint64_t offset, Bytes bytes, Bytes old) {
     const FileSizeLimitGuard guard;
-    const ByteArray old = read(offset, bytes.size());
-    int problem = put(offset, bytes);
+    auto [written, problem] = put(offset, bytes);
     if (problem == 0 && ::fdatasync(descriptor_) != 0) problem = errno;
     if (problem == 0) return;
-    const int second = takeBack(offset, old, old.size() < bytes.size());
+    const int second = takeBack(offset, old.first(std::min(written, old.size())), written > old.size());
     if (second == 0) throw systemFailure(problem, kSource);
     throw RuntimeFailure(problem, kSource,
                          std::generic_category().message(problem) +
                              "; the change could not be taken back: " + std::generic_category().message(second));
 }
 
-// 0, or the errno value of what went wrong.
-int InPlaceFile::put(std::uint64_t offset, Bytes bytes) const {
-    while (!bytes.empty()) {
-        const auto written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return errno;
-        if (written == 0) return ENOSPC;
-        offset += static_cast<std::uint64_t>(written);
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return 0;
+void InPlaceFile::requireUnchanged(const FileIdentity& known) const {
+    if (!hasSameContent(known, opened_))
+        throw RuntimeFailure(EBUSY, kSource, "The file was changed by another program meanwhile");
 }
 
-int InPlaceFile::takeBack(std::uint64_t offset, Bytes old, bool hasGrown) const {
-    if (!old.empty()) {
-        if (const int problem = put(offset, old); problem != 0) return problem;
+InPlaceFile::Written InPlaceFile::put(std::uint64_t offset, Bytes bytes) const {
+    Written done;
+    while (done.count < bytes.size()) {
+        const Bytes rest = bytes.subspan(done.count);
+        const auto written = ::pwrite(descriptor_, rest.data(), rest.size(), static_cast<off_t>(offset + done.count));
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) {
+            done.problem = written < 0 ? errno : ENOSPC;
+            break;
+        }
+        done.count += static_cast<std::size_t>(written);
     }
-    return !hasGrown || ::ftruncate(descriptor_, static_cast<off_t>(size_)) == 0 ? 0 : errno;
+    return done;
+}
+
+// `old`: what stood where something has been written. 0, or the errno value of what went wrong.
+int InPlaceFile::takeBack(std::uint64_t offset, Bytes old, bool hasGrown) const {
+    if (const int problem = put(offset, old).problem; problem != 0) return problem;
+    return !hasGrown || ::ftruncate(descriptor_, static_cast<off_t>(size())) == 0 ? 0 : errno;
 }
 
 } // namespace corvane

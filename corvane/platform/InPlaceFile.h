@@ -20,7 +20,7 @@ public:
     InPlaceFile& operator=(const InPlaceFile&) = delete;
 
     // Length in bytes when it was opened.
-    std::uint64_t size() const { return size_; }
+    std::uint64_t size() const { return opened_.size; }
     // The file's state now; the empty one when the system does not tell it.
     FileIdentity identity() const;
     // The bytes [offset, offset + count), fewer when the file ends before.
@@ -30,13 +30,22 @@ public:
     // medium. Fails with errno's number and text; the file is then as before. Where even taking the change back fails,
     // the description says so.
     void write(std::uint64_t offset, Bytes bytes);
+    // The same over bytes that the caller has just read: `old` are those that stand there, as many as are written.
+    void overwrite(std::uint64_t offset, Bytes bytes, Bytes old);
+
+    // Fails when the file is not the one, or not in the state, in which it was when `known` was taken.
+    void requireUnchanged(const FileIdentity& known) const;
 
 private:
-    int put(std::uint64_t offset, Bytes bytes) const;
+    struct Written {
+        std::size_t count = 0; // bytes that stand in the file now
+        int problem = 0;       // 0, or the errno value of what went wrong
+    };
+    Written put(std::uint64_t offset, Bytes bytes) const;
     int takeBack(std::uint64_t offset, Bytes old, bool hasGrown) const;
 
     int descriptor_;
-    std::uint64_t size_ = 0;
+    FileIdentity opened_;
 };
 
 } // namespace corvane

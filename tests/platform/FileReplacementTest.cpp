@@ -223,6 +223,21 @@ TEST(FileReplacement, RefusesAFileThatIsNotTheOneThatWasRead) {
     EXPECT_EQ(failureNumberOf([&] { FileReplacement(path).requireUnchanged(known); }), EBUSY);
 }
 
+TEST(FileReplacement, TellsTheStateInWhichItHasLeftTheFile) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", bytesOf("0123"));
+    for (const bool hasSecondName : {false, true}) {
+        if (hasSecondName) {
+            ASSERT_EQ(::link(path.c_str(), folder.path("second").c_str()), 0);
+        }
+        FileReplacement replacement(path);
+        replacement.append(bytesOf("new"));
+        EXPECT_EQ(replacement.committed(), FileIdentity());
+        replacement.commit();
+        EXPECT_EQ(replacement.committed(), identityOf(statusOf(path)));
+    }
+}
+
 TEST(FileReplacement, AFullDiskLeavesTheFileAsItWas) {
     const ScratchFolder folder;
     const std::string place = folder.path("small");

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <system_error>
 
 namespace corvane {
 namespace {
@@ -43,8 +44,43 @@ TEST(InPlaceFile, AFailedOverwriteBringsTheOldBytesBack) {
     const ScratchFolder folder;
     const std::string path = folder.write("f", ByteArray(1000, 7));
     const test::LoweredFileSizeLimit limit(950);
-    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).write(900, ByteArray(100, 1)); }), EFBIG);
+    const auto failure = test::failureOf([&] { InPlaceFile(path).write(900, ByteArray(100, 1)); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->number(), EFBIG);
+    EXPECT_EQ(failure->description(), std::generic_category().message(EFBIG));
     EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
+}
+
+TEST(InPlaceFile, WhatWasNotWrittenNeedNotBeTakenBack) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(1000, 7));
+    const test::LoweredFileSizeLimit limit(500);
+    const auto failure = test::failureOf([&] { InPlaceFile(path).write(900, ByteArray(200, 1)); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->description(), std::generic_category().message(EFBIG));
+    EXPECT_EQ(contentOf(path), ByteArray(1000, 7));
+}
+
+TEST(InPlaceFile, BytesThatHaveJustBeenReadAreWrittenOver) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", bytesOf("0123456789"));
+    InPlaceFile file(path);
+    const ByteArray old = file.read(3, 3);
+    file.overwrite(3, bytesOf("abc"), old);
+    EXPECT_EQ(contentOf(path), bytesOf("012abc6789"));
+    const test::LoweredFileSizeLimit limit(8);
+    EXPECT_EQ(failureNumberOf([&] { file.overwrite(6, bytesOf("defg"), bytesOf("6789")); }), EFBIG);
+    EXPECT_EQ(contentOf(path), bytesOf("012abc6789"));
+}
+
+TEST(InPlaceFile, RefusesAFileThatIsNotTheOneThatWasRead) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", bytesOf("0123"));
+    const FileIdentity known = InPlaceFile(path).identity();
+    ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
+    EXPECT_NO_THROW(InPlaceFile(path).requireUnchanged(known)) << "its content is still the same";
+    InPlaceFile(path).write(4, bytesOf("4"));
+    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).requireUnchanged(known); }), EBUSY);
 }
 
 TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {
