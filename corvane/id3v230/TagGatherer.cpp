@@ -41,8 +41,8 @@ private:
 
 } // namespace
 
-void TagGatherer::refuse(std::int32_t number, std::string reason) {
-    if (!image_->refusal_) image_->refusal_ = TagImage::Refusal{number, std::move(reason)};
+void TagGatherer::refuse(std::string reason, Id3libError error) {
+    if (!image_->refusal_) image_->refusal_ = TagImage::Refusal{static_cast<std::int32_t>(error), std::move(reason)};
 }
 
 std::size_t TagGatherer::gatheredSize(const RawFrame& frame, std::size_t atHand) {
@@ -60,7 +60,7 @@ void TagGatherer::keep(const RawFrame& frame, Bytes data) {
 
 void TagGatherer::ended(const RawWalkEnd& walked, std::uint64_t end) {
     if (walked.damage) {
-        refuse(kBadData, *walked.damage);
+        refuse(*walked.damage);
     } else {
         image_->padding_ = {walked.position, end - walked.position};
     }
@@ -75,9 +75,9 @@ void TagGatherer::walkBody(ByteArray body, std::uint64_t begin) {
     };
     const RawWalkEnd walked = walkRawFrames(source, begin, body.size(), take);
     if (walked.damage) {
-        refuse(kBadData, *walked.damage);
+        refuse(*walked.damage);
     } else if (!isEmpty(readerAt(body, static_cast<std::size_t>(walked.position)).takeRest())) {
-        refuse(kBadData, TagImage::paddingRefusal().reason);
+        refuse(TagImage::paddingRefusal().reason);
     }
     image_->memory_ = std::move(body);
 }

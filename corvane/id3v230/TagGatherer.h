@@ -1,6 +1,7 @@
 // Fills the image of a tag while its bytes are walked.
 #pragma once
 
+#include "corvane/id3v230/Id3libError.h"
 #include "corvane/id3v230/RawWalk.h"
 #include "corvane/id3v230/TagImage.h"
 
@@ -12,14 +13,12 @@ namespace corvane {
 
 class TagGatherer {
 public:
-    static constexpr std::int32_t kBadData = 3, kOtherVersion = 10; // of id3lib's error table
-
     TagGatherer(const std::string& path, const FileIdentity& identity)
         : image_(new TagImage(path, identity)) {} // NOLINT: the constructor is private
 
     void setHead(const TagHead& head) { image_->head_ = head; }
     // Keeps the first reason only.
-    void refuse(std::int32_t number, std::string reason);
+    void refuse(std::string reason, Id3libError error = Id3libError::BadData);
 
     // Walks the frames in [begin, end) of a source that also has `std::size_t atHand(std::uint64_t position)`: how many
     // bytes a view gives there at no cost.

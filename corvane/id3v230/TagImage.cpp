@@ -70,13 +70,13 @@ ByteArray TagImage::bytes(const RawFrame& frame) const {
 }
 
 TagImage::Refusal TagImage::paddingRefusal() {
-    return {TagGatherer::kBadData, "the padding behind the frames is not empty"};
+    return {static_cast<std::int32_t>(Id3libError::BadData), "the padding behind the frames is not empty"};
 }
 
 std::optional<TagImage::Refusal> TagImage::refusal() const {
     if (refusal_ || padding_.size == 0) return refusal_;
     FileReader file(path_);
-    if (file.identity() != identity()) throw changedFailure();
+    if (!hasSameContent(file.identity(), identity())) throw changedFailure();
     for (std::uint64_t done = 0; done < padding_.size; done += kPaddingBlock) {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(kPaddingBlock, padding_.size - done));
         const Bytes block = file.view(padding_.offset + done, count);

@@ -51,7 +51,9 @@ public:
     bool exists() const { return head_.has_value(); }
     // 0 without a tag.
     unsigned majorVersion() const { return head_ ? head_->majorVersion : 0; }
-    // The header's flags; 0 without a tag.
+    // The header of a tag of any version; nothing without one.
+    const std::optional<TagHead>& header() const { return head_; }
+    // Its flags; 0 without a tag.
     std::uint8_t flags() const { return head_ ? head_->flags : std::uint8_t{0}; }
     // Bytes of header and body as the header says; 0 without a tag, and where the header does not tell a size.
     std::uint32_t size() const;

@@ -32,14 +32,13 @@ std::optional<std::uint64_t> extendedHeaderSize(Bytes body) {
 std::uint64_t skippedBytes(TagGatherer& image, const TagHead& head, Bytes beginningOfBody) {
     if ((head.flags & TagHead::kExtendedHeader) == 0) return 0;
     const auto size = extendedHeaderSize(beginningOfBody);
-    if (!size) image.refuse(TagGatherer::kBadData, "the extended header of the ID3v2 tag is not valid");
+    if (!size) image.refuse("the extended header of the ID3v2 tag is not valid");
     return size.value_or(0);
 }
 
 void readUnsynchronised(TagGatherer& image, const TagHead& head, FileReader& file) {
     ByteArray body = file.read(TagHead::kByteCount, *head.bodySize);
-    if (!isUnsynchronised(body))
-        image.refuse(TagGatherer::kBadData, "the ID3v2 tag is not unsynchronised as its header says");
+    if (!isUnsynchronised(body)) image.refuse("the ID3v2 tag is not unsynchronised as its header says");
     undoUnsynchronisation(body);
     const std::uint64_t begin = skippedBytes(image, head, body);
     image.walkBody(std::move(body), begin);
@@ -60,15 +59,15 @@ std::shared_ptr<TagImage> TagImage::read(FileReader& file, const std::string& pa
     if (!head) return image.done();
     image.setHead(*head);
     if (head->majorVersion != kVersion) {
-        image.refuse(TagGatherer::kOtherVersion, versionText(*head));
+        image.refuse(versionText(*head), Id3libError::BadVersion);
         return image.done();
     }
     if (!head->bodySize) {
-        image.refuse(TagGatherer::kBadData, "the size of the ID3v2 tag is not valid");
+        image.refuse("the size of the ID3v2 tag is not valid");
         return image.done();
     }
-    if (head->tagSize() > file.size()) image.refuse(TagGatherer::kBadData, "the ID3v2 tag is larger than the file");
-    if ((head->flags & kUnknownFlags) != 0) image.refuse(TagGatherer::kBadData, "the ID3v2 tag has unknown flags");
+    if (head->tagSize() > file.size()) image.refuse("the ID3v2 tag is larger than the file");
+    if ((head->flags & kUnknownFlags) != 0) image.refuse("the ID3v2 tag has unknown flags");
     const bool unsynchronised = (head->flags & TagHead::kUnsynchronised) != 0;
     unsynchronised ? readUnsynchronised(image, *head, file) : readPlain(image, *head, file);
     return image.done();
