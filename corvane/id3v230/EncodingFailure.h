@@ -10,14 +10,17 @@ namespace corvane {
 
 enum class EncodingError : std::int32_t {
     BadData = 3,         // the value cannot stand in this frame
-    NoBuffer = 4,        // id3lib's result is missing or wrong, as on a full temporary disk
+    NoBuffer = 4,        // there is no temporary file, or id3lib's result in it is missing or wrong
     InvalidFrame = 6,    // there is no such frame
     FieldNotFound = 7,   // the frame has no field for a value
     LibraryNotFound = 11 // id3lib is not there
 };
 
-inline RuntimeFailure encodingFailure(EncodingError error, const std::string& description) {
-    return {static_cast<std::int32_t>(error), "encode frames", description};
-}
+// Its number is of that table; any other RuntimeFailure has errno or a FailureNumber.
+class EncodingFailure : public RuntimeFailure {
+public:
+    EncodingFailure(EncodingError error, const std::string& description)
+        : RuntimeFailure(static_cast<std::int32_t>(error), "encode frames", description) {}
+};
 
 } // namespace corvane

@@ -17,21 +17,29 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{1} << 28; // of a whole tag (ID3v2.3.0 section 3.1)
 
-// Plain texts, which most changes are: id3lib takes a file to make one. And texts of several values, of which it would
-// keep the first.
-bool isOwn(const WantedFrame& frame) {
-    const bool isPlainText =
-        fieldsOf(frame.frame).inOrder.size() == 2 && hasField(frame.frame, ID3_FieldID::ID3FN_TEXT);
-    return isPlainText ||
-           (hasField(frame.frame, ID3_FieldID::ID3FN_TEXT) && frame.text.find('\0') != std::string::npos);
+bool isPlainText(const WantedFrame& frame) {
+    return fieldsOf(frame.frame).inOrder.size() == 2 && hasField(frame.frame, ID3_FieldID::ID3FN_TEXT);
 }
+
+bool hasSeveralValues(const WantedFrame& frame) {
+    return hasField(frame.frame, ID3_FieldID::ID3FN_TEXT) && frame.text.find('\0') != std::string::npos;
+}
+
+bool hasMarkOnly(const WantedFrame& frame) {
+    return frame.encoding == TextEncoding::Utf16 && frame.description.empty() &&
+           hasField(frame.frame, ID3_FieldID::ID3FN_DESCRIPTION);
+}
+
+// Plain texts are most changes, and id3lib takes a file to make one. Of several values it would keep the first. In
+// front of an empty description in UTF-16 it would write no byte-order mark: there are readers that skip such a frame.
+bool isOwn(const WantedFrame& frame) { return isPlainText(frame) || hasSeveralValues(frame) || hasMarkOnly(frame); }
 
 ByteArray ownFrame(const WantedFrame& wanted) {
     OwnFrame fields(wanted.frame, wanted.encoding);
     writeFields(fields, wanted);
     const ByteArray payload = fields.payload();
     if (!says(payload, wanted)) {
-        throw encodingFailure(EncodingError::BadData,
+        throw EncodingFailure(EncodingError::BadData,
                               std::string(wanted.letters) + ": The value would not be read back.");
     }
     ByteArray frame(wanted.letters.begin(), wanted.letters.end());
@@ -51,7 +59,7 @@ std::size_t mostBytesOf(const WantedFrame& frame) {
 void checkSizes(const std::vector<WantedFrame>& frames) {
     std::size_t all = 0;
     for (const WantedFrame& frame : frames) all += mostBytesOf(frame);
-    if (all >= kMostBytes) throw encodingFailure(EncodingError::BadData, "The values are too large for a tag.");
+    if (all >= kMostBytes) throw EncodingFailure(EncodingError::BadData, "The values are too large for a tag.");
 }
 
 } // namespace

@@ -32,13 +32,13 @@ struct FrameToWrite {
     std::uint8_t pictureType = 3;     // APIC only
 };
 
-// The frames, each with its header, in the order given. A failure is a RuntimeFailure with a number of id3lib's error
-// table (EncodingFailure.h), or with errno where the temporary file cannot be made. Nothing has been made then:
+// The frames, each with its header, in the order given. A failure is an EncodingFailure, whose number is one of
+// id3lib's error table, and nothing has been made then:
 //
 //   3  the value cannot stand in the frame: none at all, lyrics whose times cannot be read back, a count that is none,
 //   a
 //      zero where the frame has no place for several values, more than a tag can hold
-//   4  what id3lib has made is missing or wrong, as on a full temporary disk
+//   4  there is no temporary file, or what id3lib has made in it is missing or wrong, as on a full disk
 //   6  there is no such frame
 //   7  the frame has no field for a value (PRIV, GEOB, ...); the user has been told in a message box
 //  11  id3lib is not there

@@ -24,7 +24,7 @@ constexpr std::size_t kHeaderSize = 10; // bytes, of a tag and of a frame
 
 const Id3Library& library() {
     const Id3Library* const found = Id3Library::loaded();
-    if (found == nullptr) throw encodingFailure(EncodingError::LibraryNotFound, checkId3Library().message);
+    if (found == nullptr) throw EncodingFailure(EncodingError::LibraryNotFound, checkId3Library().message);
     return *found;
 }
 
@@ -59,7 +59,7 @@ public:
 private:
     static std::int32_t numberOf(const WantedFrame& wanted) {
         const auto number = id3libNumberOf(wanted.frame);
-        if (!number) throw encodingFailure(EncodingError::InvalidFrame, "id3lib knows no such frame.");
+        if (!number) throw EncodingFailure(EncodingError::InvalidFrame, "id3lib knows no such frame.");
         return *number;
     }
     Id3Library::Field* field(ID3_FieldID field) const {
@@ -99,14 +99,21 @@ private:
     Id3Library::Tag* tag_;
 };
 
-ByteArray writtenTag(std::span<const WantedFrame> frames) {
-    const PrivateFolder folder;
-    const std::string path = createTemporaryFile(folder.path(), "tmp");
+ByteArray tagWrittenInto(const std::string& path, std::span<const WantedFrame> frames) {
     LibraryTag tag(library(), path);
     for (const WantedFrame& frame : frames) tag.add(frame);
     tag.write();
     FileReader file(path);
     return file.read(0, static_cast<std::size_t>(file.size()));
+}
+
+ByteArray writtenTag(std::span<const WantedFrame> frames) try {
+    const PrivateFolder folder;
+    return tagWrittenInto(createTemporaryFile(folder.path(), "tmp"), frames);
+} catch (const EncodingFailure&) {
+    throw;
+} catch (const RuntimeFailure& failure) {
+    throw EncodingFailure(EncodingError::NoBuffer, failure.description());
 }
 
 // Takes the next frame, if it is the one that was wanted.
@@ -121,7 +128,7 @@ ByteArray takeFrame(ByteReader& tag, const WantedFrame& wanted) {
         letters && std::ranges::equal(*letters, wanted.letters) && isPlain && payload && says(*payload, wanted);
     const auto bytes = isWanted ? tag.take(kHeaderSize + size) : std::nullopt;
     if (!bytes) {
-        throw encodingFailure(EncodingError::NoBuffer, std::string(wanted.letters) +
+        throw EncodingFailure(EncodingError::NoBuffer, std::string(wanted.letters) +
                                                            ": The frame could not be made. There may be no room for "
                                                            "temporary files.");
     }

@@ -11,7 +11,7 @@
 namespace corvane {
 
 // The frames, each with its header, in the order given. id3lib reports no failures, so what it has written is compared
-// with what was wanted; fails with an encodingFailure when it is anything else, or when id3lib is not there.
+// with what was wanted; fails with an EncodingFailure when it is anything else, or when id3lib is not there.
 std::vector<ByteArray> libraryFrames(std::span<const WantedFrame> frames);
 
 } // namespace corvane

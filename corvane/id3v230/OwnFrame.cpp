@@ -10,8 +10,9 @@ using enum ID3_FieldID;
 // A field that is never set is empty, but what ends it stands there.
 OwnFrame::OwnFrame(ID3_FrameID frame, TextEncoding encoding) : frame_(frame), encoding_(encoding) {
     setNumber(ID3FN_TEXTENC, static_cast<std::uint32_t>(encoding));
-    for (const ID3_FieldID field : {ID3FN_DESCRIPTION, ID3FN_FILENAME}) appendEnd(bytesOf(field), encoding);
-    for (const ID3_FieldID field : {ID3FN_OWNER, ID3FN_MIMETYPE, ID3FN_EMAIL}) bytesOf(field).push_back(0);
+    for (const ID3_FieldID field : {ID3FN_DESCRIPTION, ID3FN_FILENAME, ID3FN_OWNER, ID3FN_MIMETYPE, ID3FN_EMAIL}) {
+        setText(field, {});
+    }
 }
 
 bool OwnFrame::has(ID3_FieldID field) const { return hasField(frame_, field); }

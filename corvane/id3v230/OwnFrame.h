@@ -1,4 +1,5 @@
 // A frame that the library puts together itself: the same bytes that id3lib makes of the same fields, without a file.
+// There is one difference: an empty string in UTF-16 has its byte-order mark here.
 #pragma once
 
 #include "corvane/id3v230/FieldWriter.h"

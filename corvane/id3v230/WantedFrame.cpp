@@ -21,15 +21,15 @@ using enum ID3_FieldID;
 constexpr std::string_view kOwnLanguage = "eng", kUnknownLanguage = "XXX"; // ID3v2.3.0 section 4.11
 constexpr std::uint32_t kLyrics = 1;                                       // content type of SYLT
 
-RuntimeFailure refusal(const WantedFrame& frame, const std::string& reason) {
-    return encodingFailure(EncodingError::BadData, std::string(frame.letters) + ": " + reason);
+EncodingFailure refusal(const WantedFrame& frame, const std::string& reason) {
+    return EncodingFailure(EncodingError::BadData, std::string(frame.letters) + ": " + reason);
 }
 
 // Four letters, of which two frames of ID3v2.2 have none.
 std::string_view lettersOf(ID3_FrameID frame) {
     const auto letters = FrameName(static_cast<std::int32_t>(frame), enumShortOrLongText::eslSHORT).value_or("");
     if (frameNumberOf(letters) == ID3_FrameID::ID3FID_NOFRAME) {
-        throw encodingFailure(EncodingError::InvalidFrame,
+        throw EncodingFailure(EncodingError::InvalidFrame,
                               "There is no frame " + std::to_string(static_cast<std::int32_t>(frame)) + ".");
     }
     return letters;
@@ -112,7 +112,7 @@ void writeText(FieldWriter& fields, const WantedFrame& frame) {
     const ID3_FieldID field = own == ID3FN_NOFIELD ? ID3FN_TEXT : own;
     id3SetField(fields, frame.text, field);
     if (!fields.has(field)) {
-        throw encodingFailure(EncodingError::FieldNotFound,
+        throw EncodingFailure(EncodingError::FieldNotFound,
                               std::string(frame.letters) + ": There is no place for a value.");
     }
 }

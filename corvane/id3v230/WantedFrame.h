@@ -28,7 +28,7 @@ struct WantedFrame {
     std::uint8_t pictureType = 3;
 };
 
-// Fails with an encodingFailure when the value cannot stand in the frame.
+// Fails with an EncodingFailure when the value cannot stand in the frame.
 WantedFrame wantedFrame(const FrameToWrite& frame);
 
 // Stores the description, the language and the value in the fields. Fails when the frame has no field for the value;

@@ -108,6 +108,10 @@ INSTANTIATE_TEST_SUITE_P(
         BytesCase{"CommentUtf16", frameOf("COMM", "\u20AC", "d"),
                   bytesOf("\1eng\xFF\xFE"
                           "d\0\0\0\xFF\xFE\xAC\x20"s)},
+        BytesCase{"CommentUtf16WithoutDescription", frameOf("COMM", "\u20AC"),
+                  bytesOf("\1eng\xFF\xFE\0\0\xFF\xFE\xAC\x20"s)},
+        BytesCase{"UserTextUtf16WithoutDescription", frameOf("TXXX", "\u20AC"),
+                  bytesOf("\1\xFF\xFE\0\0\xFF\xFE\xAC\x20"s)},
         BytesCase{"CommentOfSeveralValues", frameOf("COMM", "a\0b"s, "d"), bytesOf("\0engd\0a\0b"s)},
         BytesCase{"Lyrics", frameOf("USLT", "a\r\nb"), bytesOf("\0eng\0a\r\nb"s)},
         BytesCase{"Terms", frameOf("USER", "text"), bytesOf("\0engtext"s)},
@@ -312,8 +316,9 @@ TEST(FrameEncoder, LeavesNothingBehind) {
 
 TEST(FrameEncoder, NeedsNoFileForPlainTexts) {
     TemporaryFolderOfTest temporary;
-    temporary.set(temporary.folder().path("missing"));
+    temporary.set("/proc/self"); // a folder in which nobody can make files
     EXPECT_EQ(payloadOf(encodedFrame(frameOf("TIT2", "title")), "TIT2"), bytesOf("\0title"s));
+    EXPECT_EQ(failureNumberOf([] { encodedFrame(frameOf("COMM", "comment")); }), 4);
 }
 
 // The limit stands for a full disk of temporary files: id3lib does not tell of either.

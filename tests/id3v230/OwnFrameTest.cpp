@@ -54,15 +54,23 @@ TEST(OwnFrame, OfAllTextsOfOneByteIsThatOfId3lib) {
 TEST(OwnFrame, OfEveryTextFrameIsThatOfId3lib) {
     for (int number = static_cast<int>(ID3_FrameID::ID3FID_ALBUM); number <= 62; ++number) {
         const auto frame = static_cast<ID3_FrameID>(number);
+        if (frame == ID3_FrameID::ID3FID_USERTEXT) continue; // has a description too, see below
         expectSame(frameOf(frame, "text"));
         expectSame(frameOf(frame, "caf\u00E9 \u65E5\u672C\u8A9E \U0001F600"));
     }
+}
+
+TEST(OwnFrame, HasAMarkWhereId3libForgetsIt) {
+    const WantedFrame wanted = wantedFrame(frameOf(ID3_FrameID::ID3FID_COMMENT, "\u20AC"));
+    EXPECT_EQ(ownPayload(wanted), (ByteArray{1, 'e', 'n', 'g', 0xFF, 0xFE, 0, 0, 0xFF, 0xFE, 0xAC, 0x20}));
+    EXPECT_EQ(libraryPayload(wanted), (ByteArray{1, 'e', 'n', 'g', 0, 0, 0xFF, 0xFE, 0xAC, 0x20}));
 }
 
 TEST(OwnFrame, OfEveryOtherKindIsThatOfId3lib) {
     using enum ID3_FrameID;
     for (const std::string description : {"", "d", "\u65E5"}) {
         for (const std::string text : {"[00:01.0] text", "[00:01.0] \u20AC"}) {
+            if (description.empty() && text.ends_with("\u20AC")) continue; // the one difference
             for (const ID3_FrameID frame :
                  {ID3FID_COMMENT, ID3FID_UNSYNCEDLYRICS, ID3FID_USERTEXT, ID3FID_WWWUSER, ID3FID_SYNCEDLYRICS}) {
                 expectSame(frameOf(frame, text, description));
