@@ -14,8 +14,9 @@ public:
     FileSizeLimitGuard& operator=(const FileSizeLimitGuard&) = delete;
 
 private:
-    sigset_t before_;
-    bool wasPending_;
+    bool hasLimit_;
+    sigset_t before_{};
+    bool wasPending_ = false;
 };
 
 } // namespace corvane
