@@ -1,0 +1,155 @@
+// An ID3v2.3 tag that can be changed: the one object through which the library writes ID3v2 tags.
+//
+// The tag is a collection of frame records in memory. Named properties look their record up by frame number and
+// description; Frames gives all of them. Reading and changing them touches no file; the object is bound to a file when
+// it is read from one, and the changed tag is written by ID3V23Tag::saveTag. An object made by a host holds values for
+// FileHandler::createID3V2Tag.
+//
+// A text property that is set to "" deletes its frame at the next save. Text is UTF-8; double quotes become apostrophes
+// when a tag is read and when it is written. Different threads may use different objects.
+#pragma once
+
+#include "corvane/id3v230/FrameVariant.h"
+#include "corvane/id3v230/ID3V230Frames.h"
+#include "corvane/id3v230/ID3_FrameID.h"
+#include "corvane/platform/Export.h"
+#include "corvane/platform/Internals.h"
+#include "corvane/platform/Picture.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+class FileReader;
+class TagImage;
+
+class CORVANE_EXPORT ID3V230 {
+public:
+    ID3V230();
+    ~ID3V230();
+    ID3V230(const ID3V230&) = delete;
+    ID3V230& operator=(const ID3V230&) = delete;
+
+    // For hosts; the library never sets them.
+    bool HadError() const { return hadError_; }
+    void HadError(bool value) { hadError_ = value; }
+    std::string ErrorDescription() const { return errorDescription_; }
+    void ErrorDescription(std::string value) { errorDescription_ = std::move(value); }
+
+    // True, as it is from the start: a save gives the file its new content in one step, see FileReplacement. False: a
+    // save whose tag fits the old one's space writes those bytes in place, which is faster; a power cut in that moment
+    // can leave a part of the old tag and a part of the new one. The audio is not touched either way.
+    bool UseTempCopy() const { return useTempCopy_; }
+    void UseTempCopy(bool value) { useTempCopy_ = value; }
+
+    // The value of the first record with this frame number and exactly this description; nothing without one.
+    FrameVariant FrameValue(ID3_FrameID eFrameID, std::string_view Descriptor = {}) const;
+    // Bytes of the tag that was read, with its header and padding; 0 without one.
+    std::int32_t FramesSize() const;
+    // Number of frames of the tag when it was read. Fails with an overflow when there are more than 32,767.
+    std::int16_t FrameCount() const;
+
+    std::string Title() const; // TIT2
+    void Title(std::string_view value);
+    std::string Song() const; // another name of Title
+    void Song(std::string_view value);
+    std::string Artist() const; // TPE1
+    void Artist(std::string_view value);
+    std::string ArtistURL() const; // WOAR
+    void ArtistURL(std::string_view value);
+    std::string UserURL() const; // WXXX without a description
+    void UserURL(std::string_view value);
+    std::string Album() const; // TALB
+    void Album(std::string_view value);
+    std::string Track() const; // TRCK, such as "3/12"
+    void Track(std::string_view value);
+    std::string Composer() const; // TCOM
+    void Composer(std::string_view value);
+    std::string OriginalArtist() const; // TOPE
+    void OriginalArtist(std::string_view value);
+    std::string Copyright() const; // TCOP
+    void Copyright(std::string_view value);
+    std::string EncodedBy() const; // TENC
+    void EncodedBy(std::string_view value);
+    // The number behind the first "/" of TRCK, 0 without one. Fails with an overflow when it does not fit 16 bits.
+    std::int16_t TotalTracks() const;
+    // Appends "/" and the number to the text of TRCK, whatever stands there: odd on purpose, "3/12" becomes "3/12/15".
+    // Set Track first for a clean text.
+    void TotalTracks(std::int16_t value);
+    // The number that TYER begins with, 0 without one. Fails with an overflow when it does not fit 16 bits.
+    std::int16_t Year() const;
+    // Stores the number; 0 is a year too and deletes nothing.
+    void Year(std::int16_t value);
+    std::string Comments() const; // COMM without a description
+    void Comments(std::string_view value);
+    // UFID. In the file a blank stands behind each character, as hosts expect it; the frame gets no owner.
+    std::string UniqueKey() const;
+    void UniqueKey(std::string_view value);
+    std::string Genre() const; // TCON without blanks at both ends, such as "(17)Rock"
+    void Genre(std::string_view value);
+    std::string UserText() const; // TXXX without a description
+    void UserText(std::string_view value);
+    std::string LyricsUnsynced() const; // USLT without a description
+    void LyricsUnsynced(std::string_view value);
+    // SYLT without a description: lines "[mm:ss.f] text" with the time at which each begins. A text without times is
+    // one entry at 0.
+    std::string LyricsSynced() const;
+    void LyricsSynced(std::string_view value);
+    // APIC without a description.
+    std::shared_ptr<corvane::Picture> Picture() const;
+    // Nothing takes the picture out of the file at the next save.
+    void Picture(std::shared_ptr<corvane::Picture> value);
+    std::string Tempo() const; // COMM "MusicMatch_Tempo", and so on
+    void Tempo(std::string_view value);
+    std::string Mood() const;
+    void Mood(std::string_view value);
+    std::string Situation() const;
+    void Situation(std::string_view value);
+    std::string Preference() const;
+    void Preference(std::string_view value);
+
+    // The live collection of records, not a copy.
+    std::shared_ptr<ID3V230Frames> Frames() const { return frames_; }
+
+private:
+    friend struct Internals<ID3V230>;
+    // Why a save or a strip did not happen: a number of id3lib's error table, and a text for people.
+    struct Failure {
+        std::int32_t number = 0;
+        std::string description;
+    };
+
+    bool LoadFromFile(const std::string& path);
+    void ReadFrames();
+    void readFrames(std::shared_ptr<TagImage> tag);
+    void ResetValues();
+    bool SaveTag();
+    std::int32_t StripTags(std::uint8_t flags);
+    template <class Change>
+    bool succeeds(Change&& change);
+    void requireTag();
+    bool isChanged() const;
+
+    std::shared_ptr<ID3V230Frame> find(ID3_FrameID frame, std::string_view descriptor) const;
+    std::string text(ID3_FrameID frame, std::string_view descriptor = {}) const;
+    void SetFrameValue(ID3_FrameID frame, FrameVariant value, std::string_view descriptor = {});
+    void setText(ID3_FrameID frame, std::string_view value, std::string_view descriptor = {});
+    std::shared_ptr<ID3V230Frame> AddFrameValue(ID3_FrameID frame, FrameVariant value, std::string_view descriptor);
+    void markDuplicates() const;
+
+    bool hadError_ = false;
+    std::string errorDescription_;
+    bool useTempCopy_ = true;
+    std::string fileName_;
+    std::size_t frameCount_ = 0;
+    std::uint32_t framesSize_ = 0;
+    std::shared_ptr<TagImage> tag_; // as it stands in the file; nothing before the object is bound to one
+    std::shared_ptr<ID3V230Frames> frames_;
+    std::optional<Failure> failure_;
+};
+
+} // namespace corvane

@@ -1,0 +1,122 @@
+#include "corvane/id3v230/ID3V230Frame.h"
+
+#include "corvane/id3v230/FrameNames.h"
+#include "corvane/id3v230/FrameRecordContent.h"
+#include "corvane/id3v230/FrameSource.h"
+
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+constexpr auto kPicture = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
+
+std::string nameOf(std::int16_t type, enumShortOrLongText which) {
+    return std::string(FrameName(type, which).value_or(std::string_view()));
+}
+
+// The identifier of a file may be any bytes, which must stay what they are.
+bool isBinary(const FrameSource& source) { return source.number() == ID3_FrameID::ID3FID_UNIQUEFILEID; }
+
+} // namespace
+
+ID3V230Frame::ID3V230Frame() = default;
+
+ID3V230Frame::ID3V230Frame(std::unique_ptr<FrameSource> source)
+    : type_(static_cast<std::int16_t>(source->number())),
+      handle_(static_cast<std::int32_t>(source->index()) + 1),
+      source_(std::move(source)) {}
+
+ID3V230Frame::~ID3V230Frame() = default;
+
+ID3V230Frame::Content& ID3V230Frame::content() const {
+    if (content_) return *content_;
+    auto content = std::make_unique<Content>();
+    if (source_) {
+        auto found = source_->content();
+        content->isHidden = !found;
+        FrameContent read = found ? std::move(*found) : FrameContent();
+        content->value = std::move(read.value);
+        auto* text = std::get_if<std::string>(&content->value);
+        if (text != nullptr && !isBinary(*source_)) *text = withApostrophes(std::move(*text));
+        content->description = withApostrophes(std::move(read.description));
+        if (!read.language.empty()) content->language = std::move(read.language);
+        content->pictureHead = std::move(read.picture);
+    }
+    content_ = std::move(content);
+    return *content_;
+}
+
+FrameVariant ID3V230Frame::vValue() const {
+    const Content& now = content();
+    if (type_ == kPicture && std::holds_alternative<std::monostate>(now.value)) {
+        if (auto picture = Picture()) return picture;
+    }
+    return now.value;
+}
+
+void ID3V230Frame::vValue(FrameVariant value) {
+    if (const auto* picture = std::get_if<std::shared_ptr<corvane::Picture>>(&value)) {
+        Picture(*picture);
+        value = std::monostate();
+    }
+    content().value = std::move(value);
+}
+
+std::string ID3V230Frame::sDescription() const { return content().description; }
+
+void ID3V230Frame::sDescription(std::string value) { content().description = std::move(value); }
+
+Variant ID3V230Frame::vLanguage() const { return content().language; }
+
+void ID3V230Frame::vLanguage(Variant value) { content().language = std::move(value); }
+
+std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
+    Content& now = content();
+    if (!now.picture) now.picture = type_ == kPicture ? corvane::Picture::fromBytes(PictureRAW()) : nullptr;
+    return *now.picture;
+}
+
+void ID3V230Frame::Picture(std::shared_ptr<corvane::Picture> value) {
+    Content& now = content();
+    now.picture = std::move(value);
+    now.pictureWasSet = true;
+    now.pictureBytes.reset();
+}
+
+FrameVariant ID3V230Frame::Delete() {
+    deleted_ = true;
+    return {};
+}
+
+std::string ID3V230Frame::FrameAbbr() const { return nameOf(type_, enumShortOrLongText::eslSHORT); }
+
+std::string ID3V230Frame::FrameTitle() const { return nameOf(type_, enumShortOrLongText::eslLONG); }
+
+void ID3V230Frame::Load(std::int32_t FrameHandle) {
+    fields_.clear();
+    if (!source_ || FrameHandle < 1) return;
+    const auto index = static_cast<std::size_t>(FrameHandle) - 1;
+    if (index >= source_->tag()->frames().size()) return;
+    if (auto content = FrameSource(source_->tag(), index).content()) fields_ = std::move(content->fields);
+}
+
+ByteArray ID3V230Frame::PictureRAW() const {
+    const Content& now = content();
+    if (now.pictureBytes) return *now.pictureBytes;
+    if (now.pictureWasSet) {
+        if (*now.picture == nullptr) return {};
+        const Bytes bytes = (*now.picture)->bytes();
+        return {bytes.begin(), bytes.end()};
+    }
+    if (!source_ || source_->number() != ID3_FrameID::ID3FID_PICTURE) return {};
+    ByteArray payload = source_->payload();
+    const std::size_t offset = std::min(now.pictureHead.imageOffset, payload.size());
+    payload.erase(payload.begin(), payload.begin() + static_cast<std::ptrdiff_t>(offset));
+    return payload;
+}
+
+void ID3V230Frame::setPictureBytes(ByteArray bytes) { content().pictureBytes = std::move(bytes); }
+
+} // namespace corvane

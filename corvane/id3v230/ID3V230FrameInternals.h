@@ -1,0 +1,35 @@
+// How ID3V230 and the ID3v2.3 reader work with frame records.
+#pragma once
+
+#include "corvane/id3v230/FrameRecordContent.h"
+#include "corvane/id3v230/FrameSource.h"
+#include "corvane/id3v230/ID3V230Frame.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+template <>
+struct Internals<ID3V230Frame> {
+    // A record made in memory.
+    static std::shared_ptr<ID3V230Frame> make() { return std::shared_ptr<ID3V230Frame>(new ID3V230Frame()); }
+    // A record of a frame that stands in a tag.
+    static std::shared_ptr<ID3V230Frame> make(FrameSource source) {
+        return std::shared_ptr<ID3V230Frame>(new ID3V230Frame(std::make_unique<FrameSource>(std::move(source))));
+    }
+    // The fields that Load has listed.
+    static const std::vector<ID3V230Field>& fields(const ID3V230Frame& record) { return record.fields_; }
+    // Replaces the bytes behind PictureRAW.
+    static void setPictureBytes(ID3V230Frame& record, ByteArray bytes) { record.setPictureBytes(std::move(bytes)); }
+    // The frame that the record was read from; nullptr for one made in memory.
+    static const FrameSource* source(const ID3V230Frame& record) { return record.source_.get(); }
+    // From now on the record's frame is this one.
+    static void source(ID3V230Frame& record, FrameSource source) {
+        record.source_ = std::make_unique<FrameSource>(std::move(source));
+    }
+    static const ID3V230Frame::Content& content(const ID3V230Frame& record) { return record.content(); }
+};
+
+} // namespace corvane

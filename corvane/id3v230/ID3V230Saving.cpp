@@ -1,0 +1,112 @@
+// Writing the records into the file, and taking tags out of it.
+#include "corvane/id3v230/ID3V230.h"
+#include "corvane/id3v230/ID3V230FrameInternals.h"
+#include "corvane/id3v230/RecordsToWrite.h"
+#include "corvane/id3v230/TagSaving.h"
+#include "corvane/id3v230/TagStripping.h"
+#include "corvane/platform/FileReader.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+struct EncodedRecords {
+    TagChange change;
+    std::vector<ByteArray> frames; // of the records that were changed, in order
+};
+
+EncodedRecords encodedOf(const std::vector<RecordToWrite>& records) {
+    std::vector<FrameToWrite> changed;
+    for (const RecordToWrite& record : records) {
+        if (record.changed) changed.push_back(*record.changed);
+    }
+    try {
+        return {{}, encodedFrames(changed)};
+    } catch (const RuntimeFailure& failure) { // its number is one of id3lib's already
+        return {{static_cast<Id3libError>(failure.number()), failure.description()}, {}};
+    }
+}
+
+// A record's frame as it stands in the tag; in memory where the tag is not the one in the file any more.
+TagFrame carriedOver(const ID3V230Frame& record, const std::shared_ptr<TagImage>& inFile) {
+    const FrameSource& source = *Internals<ID3V230Frame>::source(record);
+    return source.tag() == inFile ? TagFrame::carriedOver(source.frame())
+                                  : TagFrame::madeOf(source.tag()->bytes(source.frame()));
+}
+
+std::vector<TagFrame> framesOf(const std::vector<RecordToWrite>& records, std::vector<ByteArray> encoded,
+                               const std::shared_ptr<TagImage>& inFile) {
+    std::vector<TagFrame> frames;
+    frames.reserve(records.size());
+    auto next = encoded.begin();
+    for (const RecordToWrite& record : records) {
+        frames.push_back(record.changed ? TagFrame::madeOf(std::move(*next++)) : carriedOver(*record.record, inFile));
+    }
+    return frames;
+}
+
+// Frames stand elsewhere in the file now.
+void followSavedTag(const std::vector<RecordToWrite>& records, const std::shared_ptr<TagImage>& saved) {
+    for (std::size_t index = 0; index < records.size(); ++index) {
+        Internals<ID3V230Frame>::source(*records[index].record, FrameSource(saved, index));
+    }
+}
+
+} // namespace
+
+// A file that was never read is read now, for what stands there must be known before it is written over.
+void ID3V230::requireTag() {
+    if (tag_) return;
+    FileReader file(fileName_);
+    tag_ = TagImage::read(file, fileName_);
+}
+
+bool ID3V230::SaveTag() {
+    return succeeds([this] {
+        requireTag();
+        cleanQuotes(*frames_);
+        const std::vector<RecordToWrite> records = recordsToWrite(*frames_);
+        EncodedRecords encoded = encodedOf(records);
+        if (!encoded.change) return encoded.change;
+        SavedTag saved = saveTag(*tag_, framesOf(records, std::move(encoded.frames), tag_), useTempCopy_);
+        if (saved.change) {
+            followSavedTag(records, saved.image);
+            tag_ = std::move(saved.image);
+        }
+        return saved.change;
+    });
+}
+
+std::int32_t ID3V230::StripTags(std::uint8_t flags) {
+    const bool stripped = succeeds([&] { return stripTags(fileName_, flags); });
+    if (stripped && tag_) {
+        // What the records say of frames that were in the file stays with them.
+        tag_.reset();
+        static_cast<void>(succeeds([this] {
+            requireTag();
+            return TagChange();
+        }));
+        failure_.reset();
+    }
+    return stripped ? 0 : failure_->number;
+}
+
+template <class Change>
+bool ID3V230::succeeds(Change&& change) {
+    failure_.reset();
+    TagChange result;
+    try {
+        if (fileName_.empty()) throw RuntimeFailure(ENOENT, "ID3V230", "The tag belongs to no file");
+        result = std::forward<Change>(change)();
+    } catch (const std::exception& failure) {
+        result = changeFailure(failure);
+    }
+    if (!result) failure_ = Failure{result.number(), result.text};
+    return !failure_;
+}
+
+} // namespace corvane
