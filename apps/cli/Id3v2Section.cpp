@@ -54,7 +54,7 @@ Row rowOf(const TagFrames& frames, const FrameRecord& frame) {
 
 Section id3v2Section(ID3V2Tag& tag) {
     Section section{headingOf(tag), {}};
-    const TagFrames* frames = Internals<ID3V2Tag>::loadTag(tag) ? Internals<ID3V2Tag>::frames(tag) : nullptr;
+    const TagFrames* frames = Internals<ID3V2Tag>::parse(tag) ? Internals<ID3V2Tag>::frames(tag) : nullptr;
     if (frames == nullptr) {
         const std::string reason = reasonOf(*tag.LastError());
         section.rows.push_back({"", "Frames", reason.empty() ? "not read: the version is not known" : reason});

@@ -8,6 +8,7 @@
 #include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/id3v2/ID3V2Tag.h"
 #include "corvane/id3v2/ID3V2TagInternals.h"
+#include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/lyrics/LyricsTagInternals.h"
 #include "corvane/mpeg/MPEGHeader.h"
@@ -51,6 +52,34 @@ bool isZip(Bytes head) { return startsWith(head, "PK\x03\x04"); }
 // Never true: byte 5 would have to be 07 and 00 at once. The signature of an archive is "Rar!" 1A 07 00, but hosts rely
 // on RAR files being taken for MP3 candidates, as they always have been.
 bool isRar(Bytes head) { return startsWith(head, "Rar!\x1A") && head.size() > 5 && head[5] == 0x07 && head[5] == 0x00; }
+
+constexpr const char* kCreateSource = "createID3V2Tag";
+
+// Property by property, so that only what has a name goes over.
+void copyValues(const ID3V230& from, ID3V230& to) {
+    to.Album(from.Album());
+    to.Artist(from.Artist());
+    to.ArtistURL(from.ArtistURL());
+    to.Comments(from.Comments());
+    to.Composer(from.Composer());
+    to.Copyright(from.Copyright());
+    to.EncodedBy(from.EncodedBy());
+    to.Genre(from.Genre());
+    to.LyricsSynced(from.LyricsSynced());
+    to.LyricsUnsynced(from.LyricsUnsynced());
+    to.Mood(from.Mood());
+    to.OriginalArtist(from.OriginalArtist());
+    to.Picture(from.Picture());
+    to.Preference(from.Preference());
+    to.Situation(from.Situation());
+    to.Song(from.Song());
+    to.Tempo(from.Tempo());
+    to.Title(from.Title());
+    to.Track(from.Track());
+    to.UserText(from.UserText());
+    to.UserURL(from.UserURL());
+    to.Year(from.Year());
+}
 
 } // namespace
 
@@ -96,7 +125,7 @@ void FileHandler::analyse(FileReader& file, Frames frames) {
     }
     const std::int32_t startPosition = readId3v2Header(head);
     // Before the audio is searched, because the block that the last frames are read with often holds its beginning.
-    if (frames == Frames::Now && hasId3v2Tag_) Internals<corvane::ID3V2Tag>::loadTag(*id3v2Tag_, file);
+    if (frames == Frames::Now && hasId3v2Tag_) Internals<corvane::ID3V2Tag>::parse(*id3v2Tag_, file);
     if (!Internals<corvane::MPEGHeader>::LoadHeaderEx(*mpegHeader_, file, startPosition)) {
         error_->record("LoadHeaderEx", Internals<corvane::MPEGHeader>::ErrorRecord(*mpegHeader_)->Stream(),
                        cError::kError);
@@ -217,6 +246,24 @@ std::shared_ptr<corvane::File> FileHandler::File() const {
 
 std::string FileHandler::xml() {
     return renderFileDocument(*this, [this] { loadLyricsTag(); });
+}
+
+bool FileHandler::createID3V2Tag(const std::shared_ptr<ID3V230>& theTag) {
+    if (hasId3v2Tag_) return false;
+    return recordFailures(*error_, false, [&] {
+        if (theTag == nullptr)
+            throw RuntimeFailure(FailureNumber::ObjectNotSet, kCreateSource, "Object variable not set");
+        ID3V230 tag;
+        if (!Internals<ID3V230>::LoadFromFile(tag, fileName_)) {
+            error_->record(kCreateSource, "The file cannot be opened, or id3lib is not installed.");
+            return false;
+        }
+        if (tag.FrameCount() > 0) return false;
+        copyValues(*theTag, tag);
+        if (Internals<ID3V230>::SaveTag(tag)) return true;
+        error_->record(kCreateSource, Internals<ID3V230>::lastFailure(tag)->description);
+        return false;
+    });
 }
 
 } // namespace corvane

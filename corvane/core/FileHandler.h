@@ -25,6 +25,7 @@ class File;
 class FileReader;
 struct FileChange;
 class ID3V1Tag;
+class ID3V230;
 class ID3V2Tag;
 class LyricsTag;
 class MPEGHeader;
@@ -87,6 +88,11 @@ public:
     // Everything about the drive, the file and its tags as one XML document, UTF-8. Failures of the file system reach
     // the caller as RuntimeFailure and are not recorded.
     std::string xml();
+
+    // Gives a file without an ID3v2 tag a new ID3v2.3 tag with the named values of theTag. False when the file has a
+    // tag already, or, with LastError, when it cannot be written; it is then exactly what it was. This object goes on
+    // without the tag until the file is opened again. The year is written as it reads, 0 without one.
+    bool createID3V2Tag(const std::shared_ptr<ID3V230>& theTag);
 
 private:
     friend struct Internals<FileHandler>;

@@ -22,6 +22,9 @@ struct Internals<ID3V23Frame> {
     static std::shared_ptr<ID3V23Frame> make(std::shared_ptr<const TagFrames> tag, const FrameRecord* record) {
         return std::shared_ptr<ID3V23Frame>(new ID3V23Frame(std::move(tag), record));
     }
+    static std::shared_ptr<ID3V23Frame> make(std::shared_ptr<const ID3V230Frame> changeable) {
+        return std::shared_ptr<ID3V23Frame>(new ID3V23Frame(std::move(changeable)));
+    }
 };
 
 template <>

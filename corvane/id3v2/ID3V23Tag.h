@@ -1,6 +1,8 @@
-// An ID3v2.3 tag as read by the library's own parser. Made by ID3V2Tag.
+// An ID3v2.3 tag. Made by ID3V2Tag.
 //
-// A tag that was parsed cannot be changed: property writes do nothing, and saving and removing are refused.
+// Where id3lib is installed the tag can be changed: the properties are views of one ID3V230, the frames of its records,
+// and saveTag writes them. Where it is not, the tag is read by the library's own parser, which is stricter: property
+// writes then do nothing, and saving and removing are refused.
 #pragma once
 
 #include "corvane/core/TagError.h"
@@ -18,6 +20,7 @@
 namespace corvane {
 
 class FileReader;
+class ID3V230;
 class TagFrames;
 struct ID3V2Header;
 
@@ -27,13 +30,13 @@ public:
 
     // Every frame ID in file order, each followed by ";". A second frame of the same ID is listed too.
     std::string FrameList() const;
-    // Number of frames in the collection, which keeps the first frame of each ID.
+    // Number of frames in the collection: of all records, or of a parsed tag the first frame of each ID.
     std::int32_t FrameCount() const;
     // The frame kept under that ID, or nothing. Each call gives a new view of the same frame.
     std::shared_ptr<ID3V23Frame> GetFrameByID(std::string_view FrameID) const;
     // The frame at that place of the collection (from 1), or nothing.
     std::shared_ptr<ID3V23Frame> GetFrameByIndex(std::int32_t Index) const;
-    // The text of the frame kept under that ID; "" without one, or when it can no longer be read (see LastError).
+    // The text of the first frame of that ID; "" without one, or when it can no longer be read (see LastError).
     std::string GetText(std::string_view FrameID) const;
 
     std::string Artist() const; // TPE1
@@ -45,28 +48,34 @@ public:
     std::string GenreID() const; // the text between "(" and ")" at the start of TCON, else all of it
     std::string Genre() const;   // the text of TCON behind such a part, else all of it
     void Genre(std::string_view value);
-    // Sets GenreDescription to the text behind the leading "(...)" of TCON and leaves it as it is when there is none.
-    // Always true, and GenreID is never set: odd on purpose, the number is to be had from GenreID().
+    // Splits TCON, "(17)Rock", into 17 and "Rock"; what the text does not have stays as it is. Always true. Of a parsed
+    // tag only a description behind "(...)" is set and never the number: odd on purpose, that is to be had from
+    // GenreID().
     bool splittedGenre(std::int16_t& GenreID, std::string& GenreDescription) const;
     std::string Track() const; // TRCK
     void Track(std::string_view value);
-    std::string Year() const; // TYER
+    // TYER; of a tag that can be changed the number in it, "0" without one.
+    std::string Year() const;
+    // Fails with a RuntimeFailure when the text is no number (TypeMismatch) or one outside 16 bits (Overflow).
     void Year(std::string_view value);
 
-    // Refused, see LastError.
+    // Takes the tag out of the file, which is not touched otherwise. False, with LastError, when that is not possible.
     bool removeTag();
-    // Whether this tag can be changed; when it cannot, LastError says why.
+    // Whether tags of this version can be changed; when they cannot, LastError says why.
     bool canSave();
+    // Writes the tag into the file. False when that is not possible; the file is then exactly what it was. LastError
+    // reads "Unable to save the ID3v23 tag." in either case: odd on purpose, hosts go by the result.
     bool saveTag();
 
     // The picture of APIC; nothing without one, or when it is no JPEG, PNG, GIF or BMP image or can no longer be read.
+    // Of a tag that can be changed: that of the APIC frame without a description.
     std::shared_ptr<corvane::Picture> Picture() const;
     void Picture(const std::shared_ptr<corvane::Picture>& value);
     std::string LyricsUnsynced() const; // USLT
     void LyricsUnsynced(std::string_view value);
     std::string LyricsSynced() const; // SYLT
     void LyricsSynced(std::string_view value);
-    // WXXX. Its frame object gives no text, so this is "": odd on purpose, the address is in the frame's removeHeader.
+    // WXXX. "" for a parsed tag: odd on purpose, the address is in the frame's removeHeader.
     std::string UserURL() const;
     void UserURL(std::string_view value);
     std::string Comment() const; // COMM
@@ -87,9 +96,18 @@ private:
     bool loadFromFile(FileReader& file, const std::string& fileName, std::int64_t fileLength,
                       std::int64_t startPosition, const ID3V2Header& header);
     std::shared_ptr<cError> getErrorRecord() const { return error_; }
+    bool loadWithId3lib(const std::string& fileName, const ID3V2Header& header);
     void refuseSaving(bool refused) { savingRefused_ = refused; }
 
-    std::shared_ptr<const TagFrames> frames_;
+    using ReadText = std::string (ID3V230::*)() const;
+    using WriteText = void (ID3V230::*)(std::string_view);
+    std::string text(ReadText property, std::string_view frameId) const;
+    void setText(WriteText property, std::string_view value);
+    std::shared_ptr<ID3V23Frame> frameNamed(std::string_view frameId) const;
+    std::string frameList() const;
+
+    std::shared_ptr<const TagFrames> frames_; // of a parsed tag
+    std::shared_ptr<ID3V230> changeable_;     // nothing for a parsed tag
     std::shared_ptr<cError> error_;
     bool savingRefused_ = false;
 };

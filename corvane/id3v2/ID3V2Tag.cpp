@@ -5,6 +5,7 @@
 #include "corvane/id3v2/ID3V24TagInternals.h"
 #include "corvane/id3v2/ID3V2TagXml.h"
 #include "corvane/id3v2/ReaderAnswers.h"
+#include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlLayout.h"
@@ -82,12 +83,21 @@ bool ID3V2Tag::hasKnownVersion() const { return majorVersion() >= 2 && majorVers
 
 bool ID3V2Tag::loadTag() {
     return load([this] {
+        if (reader23_ && reader23_->canSave())
+            return Internals<corvane::ID3V23Tag>::loadWithId3lib(*reader23_, fileName_, header_);
         FileReader file(fileName_);
         return loadReader(file);
     });
 }
 
-bool ID3V2Tag::loadTag(FileReader& file) {
+bool ID3V2Tag::parse() {
+    return load([this] {
+        FileReader file(fileName_);
+        return loadReader(file);
+    });
+}
+
+bool ID3V2Tag::parse(FileReader& file) {
     return load([&] { return loadReader(file); });
 }
 
@@ -95,10 +105,7 @@ template <class Body>
 bool ID3V2Tag::load(Body&& body) {
     loaded_ = false;
     if (headerSet_ && !hasKnownVersion()) return false;
-    if (majorVersion() == 3) {
-        reader23_ = std::make_shared<corvane::ID3V23Tag>();
-        reader23_->canSave(); // leaves in the reader's record why a parsed tag cannot be changed
-    }
+    if (majorVersion() == 3) reader23_ = std::make_shared<corvane::ID3V23Tag>();
     loaded_ = headerSet_ && recordFailures(*error_, false, std::forward<Body>(body));
     if (!loaded_) {
         error_->record("ID3V2Tag::loadTag", "Unable to load this tag.", cError::kNone);
@@ -131,6 +138,12 @@ const TagFrames* ID3V2Tag::frames() const {
     if (reader22_) return &Internals<corvane::ID3V22Tag>::frames(*reader22_);
     if (reader23_) return &Internals<corvane::ID3V23Tag>::frames(*reader23_);
     return &Internals<corvane::ID3V24Tag>::frames(*reader24_);
+}
+
+void ID3V2Tag::follow(const FileChange& change) const {
+    if (const TagFrames* parsed = frames(); parsed != nullptr) parsed->follow(change);
+    const auto changeable = reader23_ ? Internals<corvane::ID3V23Tag>::changeable(*reader23_) : nullptr;
+    if (changeable && Internals<ID3V230>::image(*changeable)) Internals<ID3V230>::image(*changeable)->follow(change);
 }
 
 template <class Read>
@@ -291,7 +304,12 @@ void ID3V2Tag::appendXml(pugi::xml_node parent) {
     appendProperty(properties, "Version",
                    number(version_->Major()) + '.' + number(version_->Minor()) + '.' + number(version_->Revision()));
     appendProperty(properties, "Size", number(size_));
-    if (hasKnownVersion() && isLoaded()) appendFrameProperties(properties, *frames(), majorVersion());
+    if (!hasKnownVersion() || !isLoaded()) return;
+    if (reader23_ && Internals<corvane::ID3V23Tag>::changeable(*reader23_)) {
+        appendFrameProperties(properties, *reader23_);
+    } else {
+        appendFrameProperties(properties, *frames(), majorVersion());
+    }
 }
 
 } // namespace corvane

@@ -28,6 +28,7 @@ class xml_node;
 
 namespace corvane {
 
+struct FileChange;
 class XmlNode;
 
 class CORVANE_EXPORT ID3V2Tag {
@@ -100,12 +101,14 @@ private:
 
     void setHeader(const std::string& fileName, const ID3V2Header& header);
     bool loadTag();
-    bool loadTag(FileReader& file);
+    bool parse();
+    bool parse(FileReader& file);
     bool loadReader(FileReader& file);
     bool isLoaded() { return loaded_ || loadTag(); }
     bool hasKnownVersion() const;
     std::uint8_t majorVersion() const { return header_.Version[0]; }
     const TagFrames* frames() const;
+    void follow(const FileChange& change) const;
     void appendXml(pugi::xml_node parent);
 
     template <class Body>

@@ -1,6 +1,7 @@
 #include "corvane/id3v2/ID3V2TagXml.h"
 
 #include "corvane/id3v2/FrameText.h"
+#include "corvane/id3v2/ID3V23Tag.h"
 #include "corvane/platform/Utf16Text.h"
 #include "corvane/xml/XmlLayout.h"
 
@@ -62,10 +63,24 @@ void appendFrame(pugi::xml_node properties, const TagFrames& frames, const Frame
     appendBinaryProperty(properties, frame.id.text(), payload.bytes());
 }
 
+void appendFrame(pugi::xml_node properties, const ID3V23Frame& frame) {
+    if (frame.IsPicture()) return appendBinaryProperty(properties, "Picture", frame.PictureRAW());
+    const std::string id = frame.ID();
+    const std::string text = frame.TextData();
+    const auto known = FrameId::named(id);
+    if (const char* name = known ? nameOf(*known, 3) : nullptr) return appendProperty(properties, name, text);
+    if (!text.empty()) return appendProperty(properties, id, text);
+    appendBinaryProperty(properties, id, frame.RawData());
+}
+
 } // namespace
 
 void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, unsigned majorVersion) {
     for (std::size_t i = 0; i < frames.count(); ++i) appendFrame(properties, frames, *frames.at(i), majorVersion);
+}
+
+void appendFrameProperties(pugi::xml_node properties, const ID3V23Tag& tag) {
+    for (std::int32_t i = 1; i <= tag.FrameCount(); ++i) appendFrame(properties, *tag.GetFrameByIndex(i));
 }
 
 } // namespace corvane

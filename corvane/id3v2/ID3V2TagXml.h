@@ -7,9 +7,13 @@
 
 namespace corvane {
 
+class ID3V23Tag;
+
 // Appends one property for the first frame of each ID, in file order: under its name what the readers have a predicate
 // for ("Title", "Picture" ...), under its ID everything else, as text where the frame has some, else as bytes. Fails
 // with a RuntimeFailure when a payload that stands in the file can no longer be read.
 void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, unsigned majorVersion);
+// The same for every record of a tag that can be changed, in the order of the records.
+void appendFrameProperties(pugi::xml_node properties, const ID3V23Tag& tag);
 
 } // namespace corvane

@@ -14,9 +14,8 @@ public:
     FileSizeLimitGuard& operator=(const FileSizeLimitGuard&) = delete;
 
 private:
-    bool hasLimit_;
-    sigset_t before_{};
-    bool wasPending_ = false;
+    sigset_t before_;
+    bool wasPending_;
 };
 
 } // namespace corvane

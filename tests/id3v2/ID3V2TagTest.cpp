@@ -198,7 +198,7 @@ TEST(ID3V2Tag, FramesCanBeReadFromTheFileThatIsOpen) {
     TagOnDisk file(fullTag(3));
     FileReader reader(file.path());
     std::filesystem::remove(file.path());
-    EXPECT_TRUE(Internals<ID3V2Tag>::loadTag(file.tag, reader));
+    EXPECT_TRUE(Internals<ID3V2Tag>::parse(file.tag, reader));
     EXPECT_EQ(file.tag.Title(), "TIT2");
 }
 

@@ -1,0 +1,126 @@
+// The facade over an ID3v2.3 tag where id3lib is installed.
+#include "corvane/id3v2/ID3V23TagInternals.h"
+#include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/platform/FileReader.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include "tests/id3v2/TagOnDisk.h"
+#include "tests/support/Failures.h"
+#include "tests/support/ImageBuilder.h"
+#include "tests/support/WellFormed.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+TEST(BackedID3V2Tag, CanBeSaved) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    EXPECT_TRUE(file.tag.canSave());
+    EXPECT_EQ(lastErrorOf(file.tag), "0, , ");
+}
+
+TEST(BackedID3V2Tag, OtherVersionsCannotBeSaved) {
+    for (const unsigned version : {2U, 4U}) {
+        TagOnDisk file(Id3v2Builder(version).text(version == 2 ? "TT2" : "TIT2", "x"));
+        const ByteArray before = contentOf(file.path());
+        EXPECT_FALSE(file.tag.canSave());
+        EXPECT_FALSE(file.tag.saveTag());
+        EXPECT_EQ(lastErrorOf(file.tag), "0, saveTag, Saving is not supported.");
+        EXPECT_EQ(contentOf(file.path()), before);
+    }
+}
+
+TEST(BackedID3V2Tag, AWriteBeforeTheFirstReadIsAFailure) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    EXPECT_EQ(failureNumberOf([&] { file.tag.Title("y"); }), static_cast<std::int32_t>(FailureNumber::ObjectNotSet));
+    EXPECT_FALSE(file.tag.saveTag());
+    EXPECT_TRUE(lastErrorOf(file.tag).starts_with("91, ")) << lastErrorOf(file.tag);
+}
+
+TEST(BackedID3V2Tag, WritesReachTheFileThroughSaveTag) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "before").padding(100));
+    const ByteArray before = contentOf(file.path());
+    EXPECT_EQ(file.tag.Title(), "before");
+    file.tag.Title("after");
+    file.tag.Artist("\u041F\u0440\u0438\u0432\u0435\u0442");
+    file.tag.Year("2001");
+    file.tag.Comment("a comment");
+    file.tag.UserURL("http://a/b?c=d");
+    EXPECT_EQ(contentOf(file.path()), before);
+    EXPECT_TRUE(file.tag.saveTag());
+    EXPECT_EQ(lastErrorOf(file.tag), "0, , ") << "the reader's record is taken over after a failure only";
+    TagOnDisk again(contentOf(file.path()));
+    EXPECT_EQ(again.tag.Title(), "after");
+    EXPECT_EQ(again.tag.Artist(), "\u041F\u0440\u0438\u0432\u0435\u0442");
+    EXPECT_EQ(again.tag.Year(), "2001");
+    EXPECT_EQ(again.tag.Comment(), "a comment");
+    EXPECT_EQ(again.tag.UserURL(), "http://a/b?c=d");
+}
+
+TEST(BackedID3V2Tag, AFailedSaveIsSeenInTheFacadesRecord) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "before"));
+    EXPECT_EQ(file.tag.Title(), "before");
+    file.tag.Title("after");
+    file.replaceFile();
+    const ByteArray before = contentOf(file.path());
+    EXPECT_FALSE(file.tag.saveTag());
+    EXPECT_EQ(lastErrorOf(file.tag), "0, saveTag, Unable to save the ID3v23 tag.");
+    EXPECT_EQ(contentOf(file.path()), before);
+}
+
+TEST(BackedID3V2Tag, SavingOptionsHaveNoEffect) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    const ByteArray before = contentOf(file.path());
+    file.tag.SavingOptions(-1, 1);
+    EXPECT_TRUE(file.tag.canSave());
+    EXPECT_EQ(file.tag.Title(), "x");
+    EXPECT_TRUE(file.tag.saveTag());
+    EXPECT_EQ(contentOf(file.path()), before);
+}
+
+TEST(BackedID3V2Tag, AMissingFileGivesEmptyValuesAndNoFailure) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    std::filesystem::remove(file.path());
+    EXPECT_EQ(file.tag.Title(), "");
+    EXPECT_EQ(lastErrorOf(file.tag), "0, , ");
+}
+
+TEST(BackedID3V2Tag, ATagParsedForShowingIsNotChanged) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    ASSERT_TRUE(Internals<ID3V2Tag>::parse(file.tag));
+    file.tag.Title("y");
+    EXPECT_EQ(file.tag.Title(), "x");
+    EXPECT_FALSE(file.tag.saveTag());
+    EXPECT_EQ(lastErrorOf(file.tag), "0, saveTag, Saving is not supported.");
+}
+
+TEST(BackedID3V2Tag, DocumentsShowEveryRecordInOrder) {
+    TagOnDisk file(Id3v2Builder(3)
+                       .text("TPE1", "artist")
+                       .frame("APIC", pictureFrame(bytesOf("no image")))
+                       .text("TIT2", "first")
+                       .text("TIT2", "second")
+                       .frame("COMM", commentFrame("d", "comment"))
+                       .frame("WXXX", userUrlFrame("", "http://a"))
+                       .frame("PRIV", bytesOf("ab")));
+    file.tag.Title();
+    file.tag.Composer("composer");
+    const std::string document = file.tag.xml();
+    std::size_t last = 0;
+    for (const char* text : {"artist", "bm8gaW1hZ2U=", "first", "second", "comment", "http://a", "YWI=", "composer"}) {
+        const std::size_t found = document.find(text, last);
+        ASSERT_NE(found, std::string::npos) << text << " in " << document;
+        last = found;
+    }
+}
+
+TEST(BackedID3V2Tag, AnUnknownFrameHasItsLettersInTheDocument) {
+    TagOnDisk file(Id3v2Builder(3).frame("XYZW", bytesOf("abc")));
+    EXPECT_NE(file.tag.xml().find("XYZW"), std::string::npos);
+}
+
+} // namespace
+} // namespace corvane
