@@ -142,11 +142,11 @@ void ContentReader::readEncoding() {
     note(ID3_FieldID::ID3FN_TEXTENC, 0, 1);
     const ByteReader before = rest_;
     ByteReader ahead = rest_;
-    const auto encoding = ahead.number<1>();
+    const std::uint32_t encoding = ahead.number<1>().value_or(0);
     if (const auto reader = EncodedTextReader::begin(rest_)) {
         text_ = *reader;
-        unitSize_ = encoding == 1U || encoding == 2U ? 2 : 1;
-    } else if (encoding >= std::uint32_t{' '} && fieldsOf(frame_).inOrder.size() == 2) {
+        unitSize_ = encoding == 1 || encoding == 2 ? 2 : 1;
+    } else if (encoding >= ' ' && fieldsOf(frame_).inOrder.size() == 2) {
         rest_ = before;
     }
 }

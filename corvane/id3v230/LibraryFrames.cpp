@@ -29,7 +29,7 @@ const Id3Library& library() {
 }
 
 // A frame of id3lib's until a tag takes it over.
-class LibraryFrame : public FieldWriter {
+class LibraryFrame final : public FieldWriter {
 public:
     LibraryFrame(const Id3Library& id3lib, const WantedFrame& wanted)
         : id3lib_(id3lib), frame_(id3lib.newFrame(numberOf(wanted))), wide_(wanted.encoding != TextEncoding::CodePage) {

@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-class OwnFrame : public FieldWriter {
+class OwnFrame final : public FieldWriter {
 public:
     OwnFrame(ID3_FrameID frame, TextEncoding encoding);
 

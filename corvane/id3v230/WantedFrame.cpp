@@ -22,7 +22,7 @@ constexpr std::string_view kOwnLanguage = "eng", kUnknownLanguage = "XXX"; // ID
 constexpr std::uint32_t kLyrics = 1;                                       // content type of SYLT
 
 EncodingFailure refusal(const WantedFrame& frame, const std::string& reason) {
-    return EncodingFailure(EncodingError::BadData, std::string(frame.letters) + ": " + reason);
+    return {EncodingError::BadData, std::string(frame.letters) + ": " + reason};
 }
 
 // Four letters, of which two frames of ID3v2.2 have none.
@@ -35,13 +35,12 @@ std::string_view lettersOf(ID3_FrameID frame) {
     return letters;
 }
 
-std::string settledLanguage(const FrameToWrite& frame) {
-    if (!hasField(frame.frame, ID3FN_LANGUAGE)) return frame.language;
-    if (frame.language.empty()) return std::string(kOwnLanguage);
-    const bool isPlain = isUtf8(frame.language) && encodingFor(frame.language) == TextEncoding::CodePage &&
-                         std::none_of(frame.language.begin(), frame.language.end(),
+std::string settledLanguage(const std::string& language) {
+    if (language.empty()) return std::string(kOwnLanguage);
+    const bool isPlain = isUtf8(language) && encodingFor(language) == TextEncoding::CodePage &&
+                         std::none_of(language.begin(), language.end(),
                                       [](char character) { return character >= 0 && character < ' '; });
-    return isPlain && characterCount(frame.language) == 3 ? frame.language : std::string(kUnknownLanguage);
+    return isPlain && characterCount(language) == 3 ? language : std::string(kUnknownLanguage);
 }
 
 std::string settledText(const FrameToWrite& frame) {
@@ -71,15 +70,15 @@ void settleLyrics(WantedFrame& wanted) {
 }
 
 void settleValue(WantedFrame& wanted, const FrameToWrite& frame) {
-    if (frame.frame == ID3_FrameID::ID3FID_PICTURE) return settlePicture(wanted, frame);
+    if (wanted.frame == ID3_FrameID::ID3FID_PICTURE) return settlePicture(wanted, frame);
     wanted.text = settledText(frame);
     if (wanted.text.empty()) throw refusal(wanted, "There is no value.");
-    const ID3_FieldID value = fieldsOf(frame.frame).value;
-    const bool mayHaveZeros = value == ID3FN_TEXT || frame.frame == ID3_FrameID::ID3FID_UNIQUEFILEID;
+    const ID3_FieldID value = fieldsOf(wanted.frame).value;
+    const bool mayHaveZeros = value == ID3FN_TEXT || wanted.frame == ID3_FrameID::ID3FID_UNIQUEFILEID;
     if (!mayHaveZeros && wanted.text.find('\0') != std::string::npos) throw refusal(wanted, "The value has a zero.");
     if (value == ID3FN_URL) wanted.text = escapedUrl(wanted.text);
-    if (frame.frame == ID3_FrameID::ID3FID_PLAYCOUNTER) settleCount(wanted);
-    if (frame.frame == ID3_FrameID::ID3FID_SYNCEDLYRICS) settleLyrics(wanted);
+    if (wanted.frame == ID3_FrameID::ID3FID_PLAYCOUNTER) settleCount(wanted);
+    if (wanted.frame == ID3_FrameID::ID3FID_SYNCEDLYRICS) settleLyrics(wanted);
 }
 
 // What is in the frame beside the value would be lost.
@@ -135,12 +134,12 @@ bool valueIs(const FrameContent& content, Bytes payload, const WantedFrame& fram
 
 WantedFrame wantedFrame(const FrameToWrite& frame) {
     WantedFrame wanted;
-    wanted.frame = frame.frame;
     wanted.letters = lettersOf(frame.frame);
+    wanted.frame = frameNumberOf(wanted.letters); // a frame may have a second number
     refuseLink(wanted);
     wanted.description = repairedUtf8(frame.description);
     if (wanted.description.find('\0') != std::string::npos) throw refusal(wanted, "The description has a zero.");
-    wanted.language = settledLanguage(frame);
+    wanted.language = hasField(wanted.frame, ID3FN_LANGUAGE) ? settledLanguage(frame.language) : frame.language;
     settleValue(wanted, frame);
     wanted.encoding = settledEncoding(wanted);
     return wanted;

@@ -330,7 +330,12 @@ TEST(FrameContent, OfRandomBytesIsRead) {
             byte = below(4) == 0 ? below(4) : below(2) == 0 ? 0xFF - below(2) : below(256);
         const FrameContent content = contentOfFrame(static_cast<ID3_FrameID>(random() % 77), payload);
         EXPECT_LE(content.picture.imageOffset, payload.size());
-        for (const ID3V230Field& field : content.fields) EXPECT_GE(field.Size, 0);
+        const auto most = std::max<std::int32_t>(static_cast<std::int32_t>(payload.size()), 4);
+        for (const ID3V230Field& field : content.fields) {
+            EXPECT_GE(field.Size, 0);
+            EXPECT_LE(field.Size, most);
+            EXPECT_LE(field.NumTextItems, most);
+        }
     }
 }
 

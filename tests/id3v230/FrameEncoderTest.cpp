@@ -244,6 +244,16 @@ TEST(FrameEncoder, DropsZerosAtTheEndOfAText) {
     EXPECT_EQ(payloadOf(encodedFrame(frameOf("COMM", "a\0\0"s)), "COMM"), bytesOf("\0eng\0a"s));
 }
 
+FrameToWrite numbered(std::int32_t number) {
+    FrameToWrite frame = frameOf("TIT2", "text");
+    frame.frame = static_cast<ID3_FrameID>(number);
+    return frame;
+}
+
+TEST(FrameEncoder, TakesTheSecondNumberOfTheLeadPerformer) {
+    EXPECT_EQ(encodedFrame(numbered(-1)), encodedFrame(frameOf("TPE1", "text")));
+}
+
 struct RefusalCase {
     const char* name;
     FrameToWrite frame;
@@ -257,12 +267,6 @@ TEST_P(RefusedFrame, FailsWithItsNumberAndMakesNothing) {
     const std::vector<FrameToWrite> frames{frameOf("TIT2", "title"), frameOf("COMM", "comment"), GetParam().frame};
     EXPECT_EQ(failureNumberOf([&] { encodedFrames(frames); }), GetParam().number);
     EXPECT_EQ(temporary.folder().names(), std::vector<std::string>());
-}
-
-FrameToWrite numbered(std::int32_t number) {
-    FrameToWrite frame = frameOf("TIT2", "text");
-    frame.frame = static_cast<ID3_FrameID>(number);
-    return frame;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -321,8 +325,23 @@ TEST(FrameEncoder, NeedsNoFileForPlainTexts) {
     EXPECT_EQ(failureNumberOf([] { encodedFrame(frameOf("COMM", "comment")); }), 4);
 }
 
-// The limit stands for a full disk of temporary files: id3lib does not tell of either.
-TEST(FrameEncoder, FindsOutThatId3libCouldNotWrite) {
+// id3lib does not tell of a full disk.
+TEST(FrameEncoder, FindsOutThatThereIsNoRoomForTemporaryFiles) {
+    const ScratchFolder folder;
+    TemporaryFolderOfTest temporary;
+    const FrameToWrite large = pictureOf(joined({pngImage(1, 1), countedBytes(100'000)}));
+    const int result = withSmallFileSystem(folder.path().c_str(), 64 * 1024, [&] {
+        temporary.set(folder.path());
+        EXPECT_EQ(failureNumberOf([&] { encodedFrame(large); }), 4);
+        EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>());
+        EXPECT_EQ(failureNumberOf([&] { encodedFrame(pictureOf(pngImage(1, 1))); }), 0);
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (result == kNoMount) GTEST_SKIP() << "no file system can be mounted here";
+    EXPECT_EQ(result, 0);
+}
+
+TEST(FrameEncoder, FindsOutThatAFileMayNotGrow) {
     const TemporaryFolderOfTest temporary;
     const FrameToWrite large = pictureOf(joined({pngImage(1, 1), countedBytes(100'000)}));
     for (const rlim_t limit : {rlim_t{0}, rlim_t{1}, rlim_t{5000}, rlim_t{99'000}}) {

@@ -27,7 +27,7 @@ std::string probed(const std::string& folder) {
 
 TEST(Id3Library, IsLoadedWhenItIsNeededAndNotBefore) {
     const ScratchFolder empty;
-    EXPECT_EQ(probed(empty.path()), "not loaded\npresent\n\nloaded\n");
+    EXPECT_EQ(probed(empty.path()), "not loaded\npresent\n\nloaded\n0\n");
 }
 
 struct UnusableCase {
@@ -42,7 +42,7 @@ TEST_P(Id3LibraryMissing, IsFoundOutByTheLoadersSearch) {
                                      "missing\n"
                                      "The DLL 'libid3-3.8.so.3' is not present.\r\n"
                                      "Please install it into the program directory.\n"
-                                     "not loaded\n");
+                                     "not loaded\n11\n");
 }
 INSTANTIATE_TEST_SUITE_P(Files, Id3LibraryMissing,
                          testing::Values(UnusableCase{"OfNothing", ""},
