@@ -6,6 +6,10 @@ set(CORVANE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Corvane)
 
 install(TARGETS corvane EXPORT CorvaneTargets FILE_SET HEADERS FILE_SET generated_headers)
 install(EXPORT CorvaneTargets NAMESPACE Corvane:: DESTINATION ${CORVANE_CMAKE_DIR})
+if(CORVANE_CONTROLS)
+  install(TARGETS corvane-controls EXPORT CorvaneControlsTargets FILE_SET HEADERS)
+  install(EXPORT CorvaneControlsTargets NAMESPACE Corvane:: DESTINATION ${CORVANE_CMAKE_DIR})
+endif()
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/CorvaneConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CorvaneConfig.cmake INSTALL_DESTINATION ${CORVANE_CMAKE_DIR})

@@ -1,0 +1,98 @@
+#include "corvane/controls/GenreBox.h"
+
+#include "corvane/controls/FailureWall.h"
+#include "corvane/controls/Text.h"
+#include "corvane/id3v1/Genres.h"
+
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <string>
+
+namespace corvane::controls {
+
+namespace {
+
+// Whether an event may change the choice. Looking (the pointer enters, the focus moves on) may not.
+bool isChoosing(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::KeyPress: {
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        return key != Qt::Key_Tab && key != Qt::Key_Backtab;
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+GenreBox::GenreBox(QWidget* parent) : QComboBox(parent), byteLabel_(new QLabel(parent)) {
+    setObjectName(QStringLiteral("cmbGenre"));
+    setAccessibleName(tr("Genre"));
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(16);
+    byteLabel_->setObjectName(QStringLiteral("lblGenreByte"));
+    byteLabel_->setAccessibleName(tr("Genre number"));
+    byteLabel_->setToolTip(tr("Genre number"));
+    byteLabel_->setMinimumWidth(byteLabel_->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+    fill();
+    setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { choose(Told::Change); });
+    connect(this, &QComboBox::activated, this, [this] { choose(Told::Activation); });
+}
+
+void GenreBox::fill() {
+    for (const auto& genre : Genres()) addItem(toQt(genre->Description()), int{genre->Num()});
+    setCurrentIndex(-1);
+}
+
+std::uint8_t GenreBox::genre() const {
+    bool isNumber = false;
+    const int number = byteLabel_->text().toInt(&isNumber);
+    return isNumber && number >= 0 && number <= UINT8_MAX ? static_cast<std::uint8_t>(number) : kUndefinedGenreNumber;
+}
+
+void GenreBox::showNumber(std::optional<int> number) {
+    byteLabel_->setText(number ? QString::number(*number) : QString());
+}
+
+void GenreBox::showGenre(std::uint8_t genre, const Genres& names) {
+    const QScopedValueRollback showing(showing_, true);
+    const auto entry = names.getGenreByID(std::to_string(genre));
+    setCurrentIndex(entry ? findText(toQt(entry->Description()), Qt::MatchExactly | Qt::MatchCaseSensitive) : -1);
+    showNumber(genre);
+}
+
+void GenreBox::clearGenre() {
+    const QScopedValueRollback showing(showing_, true);
+    setCurrentIndex(-1);
+    showNumber(std::nullopt);
+}
+
+void GenreBox::setLocked(bool locked) { locked_ = locked; }
+
+// A choice of another item is told twice, as change and as activation, that of the current item as activation only.
+void GenreBox::choose(Told told) {
+    if (showing_) return;
+    const bool again = told == Told::Activation && changeTold_;
+    changeTold_ = told == Told::Change;
+    if (again) return;
+    behindWall("GenreBox", [this] {
+        showNumber(currentIndex() < 0 ? std::nullopt : std::optional(currentData().toInt()));
+        Q_EMIT genreChosen();
+    });
+}
+
+// Nothing chooses in a locked list, and the wheel does not choose in one that only happens to be under the pointer.
+bool GenreBox::event(QEvent* event) {
+    const bool refused = locked_ ? isChoosing(*event) : event->type() == QEvent::Wheel && !hasFocus();
+    if (!refused) return QComboBox::event(event);
+    event->ignore();
+    return true;
+}
+
+} // namespace corvane::controls

@@ -1,0 +1,57 @@
+// The list of genres to choose from: the genre table in its order, each item with its name as text and its number as
+// data, and beside it a label with the number of the chosen genre.
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <cstdint>
+#include <optional>
+
+namespace corvane {
+class Genres;
+}
+
+namespace corvane::controls {
+
+inline constexpr std::uint8_t kUndefinedGenreNumber = 255;
+
+class GenreBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    // Makes the list ("cmbGenre") and its label ("lblGenreByte"), both children of the parent.
+    explicit GenreBox(QWidget* parent);
+
+    QLabel& byteLabel() const { return *byteLabel_; }
+
+    // The number in the label; 255 when it shows none.
+    std::uint8_t genre() const;
+    // Shows a number and selects its name as a list of genres has it; a number without a name selects nothing.
+    void showGenre(std::uint8_t genre, const Genres& names);
+    // Selects nothing and empties the label.
+    void clearGenre();
+
+    // A locked list shows its genre and lets nobody choose.
+    bool isLocked() const { return locked_; }
+    void setLocked(bool locked);
+
+Q_SIGNALS:
+    // The genre was chosen, by the user or by a program that selects an item; choosing the same one again counts.
+    void genreChosen();
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void fill();
+    enum class Told : std::uint8_t { Change, Activation };
+    void choose(Told told);
+    void showNumber(std::optional<int> number);
+
+    QLabel* byteLabel_; // a child of the same parent
+    bool locked_ = false;
+    bool changeTold_ = false; // the last choice was told as a change
+    bool showing_ = false;    // a genre is being shown, which is no choice
+};
+
+} // namespace corvane::controls
