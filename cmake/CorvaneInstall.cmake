@@ -8,6 +8,7 @@ install(TARGETS corvane EXPORT CorvaneTargets FILE_SET HEADERS FILE_SET generate
 install(EXPORT CorvaneTargets NAMESPACE Corvane:: DESTINATION ${CORVANE_CMAKE_DIR})
 if(CORVANE_CONTROLS)
   install(TARGETS corvane-controls EXPORT CorvaneControlsTargets FILE_SET HEADERS)
+  install(TARGETS corvane-designer DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer)
   install(EXPORT CorvaneControlsTargets NAMESPACE Corvane:: DESTINATION ${CORVANE_CMAKE_DIR})
 endif()
 

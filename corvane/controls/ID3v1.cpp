@@ -128,6 +128,7 @@ void ID3v1::ID3v1xTag(std::shared_ptr<ID3V1Tag> tag) {
         tags_->add(std::move(tag));
     } else {
         forgetEdits(); // they were made for the tags that are gone
+        Clear();
     }
     showTag();
 }
@@ -158,11 +159,7 @@ void ID3v1::showTag() {
     const QScopedValueRollback showing(showing_, true);
     const auto tag = tags_->shown();
     form_->chkID3v1->setChecked(tag && holdsData(*tag));
-    if (tag) {
-        fill(*tag);
-    } else {
-        Clear();
-    }
+    if (tag) fill(*tag);
     enableFields();
     form_->showPosition(tags_->shownOffset(), tags_->count(), mode_ == temEditMany);
     Q_EMIT tagRequestChanged();

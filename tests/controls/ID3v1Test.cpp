@@ -36,6 +36,7 @@ private Q_SLOTS:
     void whatIsShownComesBackUnchanged();
     void textPropertiesWriteAndRead_data();
     void textPropertiesWriteAndRead();
+    void whatAHostWritesWithoutTagStays();
     void numbersWriteAndRead();
     void numbersOutOfRangeAreRefused();
     void theTrackIsANumberOfTheRecord_data();
@@ -235,6 +236,13 @@ void ID3v1Test::textPropertiesWriteAndRead() {
     QCOMPARE(control().property(property).toString(), "typed");
     control().ID3v1xTag(nullptr);
     QCOMPARE(control().property(property).toString(), "");
+}
+
+// A form file may set the mode after the texts.
+void ID3v1Test::whatAHostWritesWithoutTagStays() {
+    control().Title("Written");
+    control().VisibilityMode(ETagEditModeConstants::temEditMany);
+    QCOMPARE(control().Title(), std::string("Written"));
 }
 
 void ID3v1Test::numbersWriteAndRead() {
