@@ -1,9 +1,12 @@
 #include "apps/cli/ChangeText.h"
 
+#include "apps/cli/DisplayWidth.h"
 #include "apps/cli/VisibleText.h"
 
 #include <fmt/core.h>
 #include <nlohmann/json.hpp>
+
+#include <algorithm>
 
 namespace corvane::cli {
 
@@ -13,6 +16,36 @@ using Json = nlohmann::ordered_json;
 
 std::string lineOf(const Json& document, bool asciiOnly) {
     return document.dump(-1, ' ', asciiOnly, Json::error_handler_t::replace) + "\n";
+}
+
+std::vector<std::string> namesOf(const ChangeReport& report, ChangedTag::Fate fate) {
+    std::vector<std::string> names;
+    for (const ChangedTag& tag : report.tags) {
+        if (tag.fate == fate && tag.write) names.push_back(tag.name);
+    }
+    return names;
+}
+
+// Nothing for a tag that was there and still is.
+const char* textOf(ChangedTag::Fate fate) {
+    if (fate == ChangedTag::Fate::Kept) return nullptr;
+    return fate == ChangedTag::Fate::Added ? "added" : "removed";
+}
+
+std::size_t labelWidth(const ChangeReport& report) {
+    std::size_t width = 0;
+    for (const ChangedTag& tag : report.tags) {
+        for (const FieldChange& change : tag.changes) width = std::max(width, change.name.size());
+    }
+    return width;
+}
+
+// One line of a value that may be as long as the lyrics of an opera.
+std::string inQuotes(std::string_view value) {
+    constexpr std::size_t kColumns = 60;
+    const std::string visible = visibleText(value);
+    if (displayWidth(visible) <= kColumns) return fmt::format("\"{}\"", visible);
+    return fmt::format("\"{}...\"", wrapped(visible, kColumns).front());
 }
 
 } // namespace
@@ -32,23 +65,30 @@ std::string ChangeText::ofFailure(const std::string& path, std::string_view reas
 
 std::string ChangeText::jsonOf(const std::string& path, const ChangeReport& report) const {
     Json changed = Json::object();
-    for (const FieldChange& change : report.changes) {
-        changed[change.name] = {{"old", change.before}, {"new", change.after}};
+    for (const ChangedTag& tag : report.tags) {
+        for (const FieldChange& change : tag.changes) {
+            changed[tag.word][change.name] = {{"old", change.before}, {"new", change.after}};
+        }
     }
     Json document{{"path", path}, {"ok", true}, {"dryRun", options_.isDryRun}, {"changed", std::move(changed)}};
-    document["removed"] = report.removed;
+    document["added"] = namesOf(report, ChangedTag::Fate::Added);
+    document["removed"] = namesOf(report, ChangedTag::Fate::Removed);
     document["warnings"] = report.warnings;
     return lineOf(document, asciiOnly_);
 }
 
 std::string ChangeText::linesOf(const std::string& path, const ChangeReport& report) const {
     const std::string name = colours_.heading(visibleText(path));
-    if (!report.write) return fmt::format("{}: unchanged\n", name);
+    if (!report.changesFile()) return fmt::format("{}: unchanged\n", name);
     std::string lines = fmt::format("{}:{}\n", name, options_.isDryRun ? colours_.hint(" would change") : "");
-    for (const std::string& tag : report.removed) lines += fmt::format("  {} removed\n", tag);
-    for (const FieldChange& change : report.changes) {
-        lines += fmt::format("  {} \"{}\" -> \"{}\"\n", colours_.label(fmt::format("{:<8}", change.name)),
-                             visibleText(change.before), visibleText(change.after));
+    const std::size_t width = labelWidth(report);
+    for (const ChangedTag& tag : report.tags) {
+        if (const char* fate = textOf(tag.fate)) lines += fmt::format("  {} {}\n", tag.name, fate);
+        for (const FieldChange& change : tag.changes) {
+            const std::string label = fmt::format("{} {:<{}}", tag.word, change.name, width);
+            lines +=
+                fmt::format("  {} {} -> {}\n", colours_.label(label), inQuotes(change.before), inQuotes(change.after));
+        }
     }
     return lines;
 }

@@ -24,14 +24,14 @@ constexpr std::array kCommands{
                  "corvane scan --format csv ~/Music > music.csv\n"
                  "corvane scan ~/Music | jq -r 'select(.year == \"1999\") | .path'",
                  makeScanCommand},
-    CommandEntry{"set", "Set values of the ID3v1 tags of files; an empty value deletes", "FILE...", 1, kAnyNumber,
-                 "corvane set song.mp3 --title \"New title\" --track 7 --genre Jazz\n"
+    CommandEntry{"set", "Set values of the tags of files; an empty value deletes", "FILE...", 1, kAnyNumber,
+                 "corvane set song.mp3 --title \"New title\" --track 5/12 --genre Jazz --picture cover.jpg\n"
                  "corvane set --album \"\" --keep-mtime *.mp3\n"
-                 "corvane set --dry-run --year 1999 -- -odd-name.mp3",
+                 "corvane set --tag v1 --dry-run --year 1999 -- -odd-name.mp3",
                  makeSetCommand},
-    CommandEntry{"remove", "Remove the ID3v1 tags of files", "FILE...", 1, kAnyNumber,
-                 "corvane remove song.mp3\n"
-                 "corvane remove --dry-run *.mp3",
+    CommandEntry{"remove", "Remove tags of files", "FILE...", 1, kAnyNumber,
+                 "corvane remove song.mp3 --tag both\n"
+                 "corvane remove --tag v2 --dry-run *.mp3",
                  makeRemoveCommand},
     CommandEntry{"import", "Fill the ID3v1 tag of a file from a document made by `corvane xml`", "FILE DOCUMENT", 2, 2,
                  "corvane import song.mp3 song.xml\n"

@@ -82,8 +82,8 @@ Id3v1Fields fieldsOf(const ID3V1Tag& tag) {
     return fields;
 }
 
-Id3v1Outcome outcomeOf(const Id3v1Fields& before, const ID3V1Tag& tag) {
-    Id3v1Outcome outcome;
+TagOutcome outcomeOf(const Id3v1Fields& before, const ID3V1Tag& tag) {
+    TagOutcome outcome;
     const Id3v1Fields after = decodeRecord(encodeRecord(tag).bytes).value_or(Id3v1Fields{});
     for (const TextField& field : kTextFields) {
         addChange(outcome.changes, field.name, before.*field.stored, after.*field.stored);

@@ -4,11 +4,12 @@
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/Id3v1Record.h"
 
+#include "apps/cli/TagOutcome.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace corvane::cli {
 
@@ -18,15 +19,6 @@ struct Id3v1Values {
     std::optional<std::uint8_t> track, genre;
 };
 
-struct FieldChange {
-    std::string name, before, after; // values as text
-};
-
-struct Id3v1Outcome {
-    std::vector<FieldChange> changes;  // of values as the record can hold them
-    std::vector<std::string> warnings; // what it cannot hold
-};
-
 // Sets the values. A tag without a kind becomes an ID3v1.1 one, as does a plain ID3v1 tag that is given a track number.
 void applyValues(ID3V1Tag& tag, const Id3v1Values& values);
 
@@ -34,7 +26,7 @@ void applyValues(ID3V1Tag& tag, const Id3v1Values& values);
 Id3v1Fields fieldsOf(const ID3V1Tag& tag);
 
 // How the record of `tag` would differ from one with the values `before`.
-Id3v1Outcome outcomeOf(const Id3v1Fields& before, const ID3V1Tag& tag);
+TagOutcome outcomeOf(const Id3v1Fields& before, const ID3V1Tag& tag);
 
 // "7" or "7/12" (of which the 7 is kept) as a track number, "" as 0; nothing for anything else or a number above 255.
 std::optional<std::uint8_t> parseTrack(std::string_view text);

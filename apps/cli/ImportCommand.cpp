@@ -2,6 +2,7 @@
 #include "corvane/xml/XmlNode.h"
 
 #include "apps/cli/Commands.h"
+#include "apps/cli/Id3v1Change.h"
 #include "apps/cli/InputFile.h"
 #include "apps/cli/LibraryFailure.h"
 #include "apps/cli/TagChange.h"
@@ -51,12 +52,10 @@ private:
     static ChangeReport prepare(const std::string& path, const XmlNode& element) {
         const auto handler = std::make_shared<FileHandler>();
         openFile(*handler, path);
-        const bool hadTag = handler->HasID3V1Tag();
-        const Id3v1Fields before = fieldsOf(*handler->ID3v1xTag());
-        importTag(*handler->ID3v1xTag(), element);
-        Id3v1Outcome outcome = outcomeOf(before, *handler->ID3v1xTag());
-        ChangeReport report{std::move(outcome.changes), {}, std::move(outcome.warnings), {}};
-        if (!hadTag || !report.changes.empty()) report.write = [handler] { writeId3v1Tag(*handler); };
+        Id3v1Change change(handler);
+        importTag(change.tag(), element);
+        ChangeReport report;
+        change.addTo(report, Id3v1Change::Write::NewTagOrChanges);
         return report;
     }
 

@@ -69,6 +69,8 @@ std::string imageText(const std::string& mimeType, Bytes image) {
 
 } // namespace
 
+std::string imageText(Bytes image) { return imageText({}, image); }
+
 bool isPicture(FrameId id) { return id == kPicture || id == kPictureOfVersion22; }
 
 std::string pictureText(FrameId id, Bytes payload) {

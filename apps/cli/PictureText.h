@@ -15,4 +15,7 @@ bool isPicture(FrameId id);
 // is only linked to, its address.
 std::string pictureText(FrameId id, Bytes payload);
 
+// "image/jpeg, 300 x 200, 12,345 bytes" of the bytes of an image alone.
+std::string imageText(Bytes image);
+
 } // namespace corvane::cli

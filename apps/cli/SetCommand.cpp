@@ -1,15 +1,15 @@
 #include "corvane/core/FileHandler.h"
-#include "corvane/platform/Utf.h"
 
 #include "apps/cli/Commands.h"
-#include "apps/cli/Id3v1Edit.h"
+#include "apps/cli/Id3v1Change.h"
+#include "apps/cli/Id3v2Edit.h"
 #include "apps/cli/LibraryFailure.h"
 #include "apps/cli/TagChange.h"
+#include "apps/cli/ValueOptions.h"
 #include "apps/cli/WrongUse.h"
 
 #include <fmt/core.h>
 
-#include <array>
 #include <memory>
 #include <utility>
 
@@ -17,93 +17,91 @@ namespace corvane::cli {
 
 namespace {
 
-struct TextOption {
-    const char* name;
-    const char* description;
-    std::optional<std::string> Id3v1Values::*value;
-};
-
-constexpr std::array kTextOptions{TextOption{"--title", "Title, at most 30 characters", &Id3v1Values::title},
-                                  TextOption{"--artist", "Artist, at most 30 characters", &Id3v1Values::artist},
-                                  TextOption{"--album", "Album, at most 30 characters", &Id3v1Values::album},
-                                  TextOption{"--year", "Year, at most 4 characters", &Id3v1Values::year},
-                                  TextOption{"--comment", "Comment, at most 28 characters", &Id3v1Values::comment}};
-
-struct OtherOption {
-    const char* name;
-    const char* description;
-    const char* value;
-};
-
-// What only ID3v2 has. The options are known, so that a command line meant for them is not half done.
-constexpr std::array kId3v2Options{
-    OtherOption{"--composer", "Composer", "TEXT"},   OtherOption{"--original-artist", "Original artist", "TEXT"},
-    OtherOption{"--copyright", "Copyright", "TEXT"}, OtherOption{"--url", "Web address", "TEXT"},
-    OtherOption{"--encoded-by", "Encoder", "TEXT"},  OtherOption{"--lyrics", "Lyrics, from a text file", "FILE"},
-    OtherOption{"--picture", "Front cover", "FILE"}};
+constexpr const char* kId3v2Name = "ID3v2.3.0"; // what the library writes
 
 class SetCommand final : public Command {
 public:
     void declareOptions(Options& options) override {
-        for (const TextOption& option : kTextOptions) addTextOption(options, option);
-        addParsedOption(options, "--track", "Track number, 0 to 255, also as 5/12", values_.track, parseTrack);
-        addParsedOption(options, "--genre", "Genre number, or name (see `corvane genres`)", values_.genre, parseGenre);
-        addTagOption(options, tag_);
+        values_.declare(options);
+        options.startGroup("How");
+        addTagOption(options, tag_, "Which tags; else those that the file has, or both where it has none");
         addChangeOptions(options, change_);
-        options.startGroup("For ID3v2 tags, which this version does not change");
-        for (const OtherOption& option : kId3v2Options) {
-            options.addValue(
-                option.name, option.value,
-                [this, name = option.name](const std::string&) { id3v2Options_.emplace_back(name); },
-                option.description);
-        }
     }
 
     void run(Session& session, const std::vector<std::string>& paths) override {
-        checkTagChoice(tag_);
-        if (!id3v2Options_.empty()) {
-            throw WrongUse(fmt::format("This version changes ID3v1 tags only; {} is for ID3v2", id3v2Options_.front()));
-        }
-        if (!anyValue_) throw WrongUse("Nothing to set");
+        if (!values_.any()) throw WrongUse("Nothing to set");
+        if (tag_ == TagChoice::V1) checkId3v1Values();
+        if (!values_.readFiles(session.failures)) return;
         changeFiles(session, change_, paths, [this](const std::string& path) { return prepare(path); });
     }
 
 private:
-    void addTextOption(Options& options, const TextOption& option) {
-        const auto store = [this, value = option.value](const std::string& text) {
-            if (!isUtf8(text)) throw WrongUse("The text is not UTF-8");
-            values_.*value = text;
-            anyValue_ = true;
-        };
-        options.addValue(option.name, "TEXT", store, option.description);
+    struct Targets {
+        bool v1, v2;
+    };
+
+    void checkId3v1Values() const {
+        if (values_.id3v2Option() != nullptr) {
+            throw WrongUse(fmt::format("ID3v1 tags have no place for {}", values_.id3v2Option()));
+        }
+        const Id3v1Part part = id3v1Part(values_.values());
+        if (!part.lost.empty()) throw WrongUse(part.lost.front());
     }
 
-    void addParsedOption(Options& options, const char* name, const char* description,
-                         std::optional<std::uint8_t>& value, std::optional<std::uint8_t> (*parse)(std::string_view)) {
-        const auto store = [this, &value, parse](const std::string& text) {
-            value = parse(text);
-            if (!value) throw WrongUse(fmt::format("\"{}\" is none", text));
-            anyValue_ = true;
-        };
-        options.addValue(name, "VALUE", store, description);
+    Targets targetsIn(const FileHandler& file) const {
+        if (tag_ != TagChoice::OfFile) return {tag_ != TagChoice::V2, tag_ != TagChoice::V1};
+        const bool hasV1 = file.HasID3V1Tag(), hasV2 = file.HasID3V2Tag();
+        if (!hasV1 && !hasV2) return {true, true};
+        return {hasV1, hasV2 || values_.id3v2Option() != nullptr};
     }
 
     ChangeReport prepare(const std::string& path) const {
         const auto handler = std::make_shared<FileHandler>();
         openFile(*handler, path);
-        ID3V1Tag& tag = *handler->ID3v1xTag();
-        const Id3v1Fields before = fieldsOf(tag);
-        applyValues(tag, values_);
-        Id3v1Outcome outcome = outcomeOf(before, tag);
-        ChangeReport report{std::move(outcome.changes), {}, std::move(outcome.warnings), {}};
-        if (!report.changes.empty()) report.write = [handler] { writeId3v1Tag(*handler); };
+        const Targets targets = targetsIn(*handler);
+        ChangeReport report;
+        if (targets.v2) addId3v2(report, path);
+        if (targets.v1) addId3v1(report, handler, targets.v2);
         return report;
     }
 
-    Id3v1Values values_;
-    bool anyValue_ = false;
-    std::vector<std::string> id3v2Options_; // those that were given
-    TagChoice tag_ = TagChoice::V1;
+    std::shared_ptr<Id3v2Edit> openId3v2(const std::string& path) const {
+        try {
+            return std::make_shared<Id3v2Edit>(path);
+        } catch (const FileFailure& failure) {
+            if (tag_ != TagChoice::OfFile || values_.id3v2Option() != nullptr) throw;
+            throw FileFailure(std::string(failure.what()) + "; --tag v1 changes the ID3v1 tag alone");
+        }
+    }
+
+    void addId3v2(ChangeReport& report, const std::string& path) const {
+        const auto edit = openId3v2(path);
+        TagOutcome outcome = edit->apply(values_.values());
+        ChangedTag change{"v2", kId3v2Name};
+        if (!outcome.changes.empty()) {
+            if (!edit->exists()) change.fate = ChangedTag::Fate::Added;
+            if (edit->isEmpty()) change.fate = ChangedTag::Fate::Removed;
+            change.write = [edit] { edit->write(); };
+        }
+        change.changes = std::move(outcome.changes);
+        report.tags.push_back(std::move(change));
+        report.warnings = std::move(outcome.warnings);
+    }
+
+    // A value that has no number in ID3v1 must stand somewhere else.
+    void addId3v1(ChangeReport& report, const std::shared_ptr<FileHandler>& handler, bool alsoInId3v2) const {
+        const Id3v1Part part = id3v1Part(values_.values());
+        if (!part.lost.empty() && !alsoInId3v2) {
+            throw FileFailure(part.lost.front() + "; --tag both gives the file an ID3v2.3 tag too");
+        }
+        report.warnings.insert(report.warnings.end(), part.lost.begin(), part.lost.end());
+        Id3v1Change change(handler);
+        applyValues(change.tag(), part.values);
+        change.addTo(report);
+    }
+
+    ValueOptions values_;
+    TagChoice tag_ = TagChoice::OfFile;
     ChangeOptions change_;
 };
 

@@ -2,16 +2,34 @@
 
 #include "apps/cli/ChangeText.h"
 #include "apps/cli/FileTimes.h"
-#include "apps/cli/WrongUse.h"
+#include "apps/cli/LibraryFailure.h"
+
+#include <fmt/core.h>
 
 namespace corvane::cli {
 
 namespace {
 
+// Every tag has been looked at before, so that a failure behind the first one is a rare thing; it is told exactly.
+void writeTags(const ChangeReport& report) {
+    std::string done;
+    for (const ChangedTag& tag : report.tags) {
+        if (!tag.write) continue;
+        try {
+            tag.write();
+        } catch (const std::exception& failure) {
+            if (done.empty()) throw;
+            throw FileFailure(
+                fmt::format("The {} tag is changed, but the {} tag is not: {}", done, tag.name, failure.what()));
+        }
+        done = tag.name;
+    }
+}
+
 void makeChange(const std::string& path, const ChangeOptions& options, const ChangeReport& report) {
-    if (!report.write || options.isDryRun) return;
+    if (!report.changesFile() || options.isDryRun) return;
     const FileTimes times(path, options.keepsTime);
-    report.write();
+    writeTags(report);
     times.restore();
 }
 
@@ -25,13 +43,9 @@ void addChangeOptions(Options& options, ChangeOptions& change) {
     addColourOption(options, change.colour);
 }
 
-void addTagOption(Options& options, TagChoice& choice) {
-    options.addChoice<TagChoice>("--tag", choice, "Which tags: this version changes v1 (default) only",
+void addTagOption(Options& options, TagChoice& choice, const char* description) {
+    options.addChoice<TagChoice>("--tag", choice, description,
                                  {{"v1", TagChoice::V1}, {"v2", TagChoice::V2}, {"both", TagChoice::Both}});
-}
-
-void checkTagChoice(TagChoice choice) {
-    if (choice != TagChoice::V1) throw WrongUse("This version changes ID3v1 tags only; use --tag v1");
 }
 
 void changeFiles(Session& session, const ChangeOptions& options, const std::vector<std::string>& paths,

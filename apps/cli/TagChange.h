@@ -3,8 +3,9 @@
 
 #include "apps/cli/Colours.h"
 #include "apps/cli/Command.h"
-#include "apps/cli/Id3v1Edit.h"
+#include "apps/cli/TagOutcome.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -21,17 +22,29 @@ struct ChangeOptions {
 
 void addChangeOptions(Options& options, ChangeOptions& change);
 
-// Adds "--tag v1|v2|both". Run checkTagChoice before anything is done.
-enum class TagChoice { V1, V2, Both };
-void addTagOption(Options& options, TagChoice& choice);
-void checkTagChoice(TagChoice choice); // fails with WrongUse for tags that cannot be changed yet
+// Adds "--tag v1|v2|both". Without it the choice stays what it is.
+enum class TagChoice { V1, V2, Both, OfFile };
+void addTagOption(Options& options, TagChoice& choice, const char* description);
+
+// What happens to one tag of a file.
+struct ChangedTag {
+    enum class Fate { Kept, Added, Removed };
+
+    const char* word; // as behind --tag
+    std::string name; // such as "ID3v1.1"
+    Fate fate = Fate::Kept;
+    std::vector<FieldChange> changes = {};
+    std::function<void()> write = {}; // makes the change; nothing when there is none to make
+};
 
 // What happens to one file. Nothing is written before the report is complete.
 struct ChangeReport {
-    std::vector<FieldChange> changes;
-    std::vector<std::string> removed; // tags, such as "ID3v1.1"
+    std::vector<ChangedTag> tags; // in the order in which they are written
     std::vector<std::string> warnings;
-    std::function<void()> write; // makes the change; nothing when there is none to make
+
+    bool changesFile() const {
+        return std::any_of(tags.begin(), tags.end(), [](const ChangedTag& tag) { return tag.write != nullptr; });
+    }
 };
 
 // Finds out for each file what would happen, and lets it happen unless this is a dry run. A file that fails is reported

@@ -53,13 +53,13 @@ TEST(GenreNames, NumberWithoutANameIsShownAsSuch) {
 
 class Edit : public testing::Test {
 protected:
-    Id3v1Outcome apply(const Id3v1Values& values) {
+    TagOutcome apply(const Id3v1Values& values) {
         const Id3v1Fields before = fieldsOf(tag_);
         applyValues(tag_, values);
         return outcomeOf(before, tag_);
     }
     // The names of what changes.
-    static std::string names(const Id3v1Outcome& outcome) {
+    static std::string names(const TagOutcome& outcome) {
         std::string joined;
         for (const FieldChange& change : outcome.changes)
             joined += change.name + ":" + change.before + ">" + change.after + ";";
@@ -116,7 +116,7 @@ TEST_F(Edit, TrackNumberMakesAPlainRecordId3v11AndTheCommentShorter) {
     havePlainRecord();
     Id3v1Values values;
     values.track = 7;
-    const Id3v1Outcome outcome = apply(values);
+    const TagOutcome outcome = apply(values);
     EXPECT_EQ(tag_.TagType(), EID3TagConstants::ID3V11);
     EXPECT_EQ(names(outcome), "comment:a comment of thirty characters>a comment of thirty characte;track:>7;");
     EXPECT_EQ(outcome.warnings, Warnings{"comment: cut to \"a comment of thirty characte\""});
@@ -126,7 +126,7 @@ TEST_F(Edit, TextThatIsTooLongIsCutWithAWarning) {
     Id3v1Values values;
     values.title = "0123456789012345678901234567890";
     values.year = "1999!";
-    const Id3v1Outcome outcome = apply(values);
+    const TagOutcome outcome = apply(values);
     EXPECT_EQ(names(outcome), "title:>012345678901234567890123456789;year:>1999;");
     EXPECT_EQ(outcome.warnings,
               (Warnings{"title: cut to \"012345678901234567890123456789\"", "year: cut to \"1999\""}));
@@ -135,7 +135,7 @@ TEST_F(Edit, TextThatIsTooLongIsCutWithAWarning) {
 TEST_F(Edit, CharacterThatTheRecordLacksIsReplacedWithAWarning) {
     Id3v1Values values;
     values.artist = "\u65e5\u672c \u20ac";
-    const Id3v1Outcome outcome = apply(values);
+    const TagOutcome outcome = apply(values);
     EXPECT_EQ(names(outcome), "artist:>?? \u20ac;");
     EXPECT_EQ(outcome.warnings, Warnings{"artist: 2 of its characters cannot be stored in ID3v1 and became \"?\""});
 }
@@ -145,7 +145,7 @@ TEST_F(Edit, TextThatIsStoredTheSameIsNoChangeButWarnedOf) {
     tag_.Title("?");
     Id3v1Values values;
     values.title = "\u65e5";
-    const Id3v1Outcome outcome = apply(values);
+    const TagOutcome outcome = apply(values);
     EXPECT_EQ(names(outcome), "");
     EXPECT_EQ(outcome.warnings.size(), 1u);
 }

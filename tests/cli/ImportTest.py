@@ -78,7 +78,7 @@ class Import(CliTest):
 
     def test_dry_run_tells_and_changes_nothing(self):
         done = self.run_command("import", "--dry-run", self.song, self.write("document.xml", tag_document()))
-        self.assertIn(b'title    "" -> "T"', done.stdout)
+        self.assertIn(b'v1 title "" -> "T"', done.stdout)
         self.check_record(b"")
 
     def test_encoding_of_the_document_is_that_of_its_declaration(self):

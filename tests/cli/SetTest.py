@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""corvane set: values of ID3v1 tags."""
+"""corvane set: values of ID3v1 tags, and what every change has in common."""
 import json
 import os
 import sys
@@ -21,7 +21,7 @@ class SetCase(CliTest):
             return file.read()
 
     def set(self, *words, **options):
-        return self.run_command("set", self.song, *words, **options)
+        return self.run_command("set", self.song, "--tag", "v1", *words, **options)
 
     def check_record(self, record):
         """The file is its audio, untouched, and this record."""
@@ -74,9 +74,11 @@ class Values(SetCase):
 
     def test_values_that_cannot_be_meant_are_wrong_use_and_change_nothing(self):
         for words in (["--genre", "Nonesuch"], ["--genre", "256"], ["--track", "256"], ["--track", "-1"], ["--track", "x"],
-                      ["--track", "5/x"], ["--title", b"\xe9"], ["--title", "a", "--title", "b"], ["--title"], []):
+                      ["--track", "5/x"], ["--title", b"\xe9"], ["--title", "a", "--title", "b"], ["--title"], [],
+                      ["--composer", "x"], ["--original-artist", "x"], ["--copyright", "x"], ["--url", "x"],
+                      ["--encoded-by", "x"], ["--lyrics", ""], ["--picture", ""], ["--title", "x", "--composer", ""]):
             with self.subTest(words=words):
-                self.error("set", self.song, *words, code=WRONG_USE)
+                self.error("set", self.song, "--tag", "v1", *words, code=WRONG_USE)
                 self.assertEqual(self.content(), AUDIO)
 
     def test_text_may_be_anything(self):
@@ -101,7 +103,7 @@ class Values(SetCase):
 
     def test_several_files_get_the_same_values(self):
         songs = [self.write(f"{number}.mp3", AUDIO) for number in range(3)]
-        self.run_command("set", "--album", "All", *songs)
+        self.run_command("set", "--tag", "v1", "--album", "All", *songs)
         for song in songs:
             self.assertEqual(self.content(song), AUDIO + mp3.id3v1(album=b"All", track=0))
 
@@ -111,25 +113,6 @@ class Values(SetCase):
         self.write("a.mp3", tag + AUDIO + lyrics + mp3.id3v1(b"V1"))
         self.set("--title", "New")
         self.assertEqual(self.content(), tag + AUDIO + lyrics + mp3.id3v1(b"New"))
-
-
-class NotYet(SetCase):
-    def test_tags_that_this_version_does_not_change_are_wrong_use(self):
-        for tag in ("v2", "both"):
-            for command in (["set", self.song, "--title", "x"], ["remove", self.song]):
-                error = self.error(*command, "--tag", tag, code=WRONG_USE)
-                self.assertIn("This version changes ID3v1 tags only", error)
-        self.assertEqual(self.content(), AUDIO)
-
-    def test_values_that_only_id3v2_has_are_wrong_use(self):
-        for option in ("--composer", "--original-artist", "--copyright", "--url", "--encoded-by", "--lyrics", "--picture"):
-            error = self.error("set", self.song, "--title", "x", option, "y", code=WRONG_USE)
-            self.assertIn(f"This version changes ID3v1 tags only; {option} is for ID3v2", error)
-        self.assertEqual(self.content(), AUDIO)
-
-    def test_tag_v1_is_accepted(self):
-        self.set("--tag", "v1", "--title", "x")
-        self.check_record(mp3.id3v1(b"x", track=0))
 
 
 class Unchanged(SetCase):
@@ -149,7 +132,7 @@ class Unchanged(SetCase):
         os.utime(self.song, ns=(1, 1))
         before = hash_of(self.song)
         text = self.output("set", self.song, "--title", "New", "--genre", "Jazz", "--dry-run")
-        self.assertEqual(text, f'{self.song}: would change\n  title    "Old" -> "New"\n  genre    "Rock" -> "Jazz"\n')
+        self.assertEqual(text, f'{self.song}: would change\n  v1 title "Old" -> "New"\n  v1 genre "Rock" -> "Jazz"\n')
         self.assertEqual((hash_of(self.song), os.stat(self.song).st_mtime_ns), (before, 1))
 
 
@@ -168,8 +151,8 @@ class Time(SetCase):
 
 class Reports(SetCase):
     def test_changes_are_told(self):
-        self.assertEqual(self.output("set", self.song, "--title", "New", "--track", "3"),
-                         f'{self.song}:\n  title    "" -> "New"\n  track    "" -> "3"\n')
+        self.assertEqual(self.output("set", self.song, "--tag", "v1", "--title", "New", "--track", "3"),
+                         f'{self.song}:\n  ID3v1.1 added\n  v1 title "" -> "New"\n  v1 track "" -> "3"\n')
 
     def test_quiet_tells_nothing(self):
         self.assertEqual(self.output("set", self.song, "--title", "New", "--quiet"), "")
@@ -181,11 +164,13 @@ class Reports(SetCase):
     def test_json_has_one_object_a_file(self):
         self.write("a.mp3", AUDIO + mp3.id3v1(b"Old"))
         bad = self.write("b.mp3", b"PK\3\4")
-        done = self.run_command("set", self.song, bad, self.song, "--title", "New", "--year", "20011", "--json", code=FILE_FAILED)
+        words = ["--title", "New", "--year", "20011", "--json"]
+        done = self.run_command("set", self.song, bad, self.song, *words, code=FILE_FAILED)
         first, second, third = [json.loads(line) for line in done.stdout.splitlines()]
         self.assertEqual(first, {"path": self.song, "ok": True, "dryRun": False,
-                                 "changed": {"title": {"old": "Old", "new": "New"}, "year": {"old": "", "new": "2001"}},
-                                 "removed": [], "warnings": ['year: cut to "2001"']})
+                                 "changed": {"v1": {"title": {"old": "Old", "new": "New"},
+                                                    "year": {"old": "", "new": "2001"}}},
+                                 "added": [], "removed": [], "warnings": ['year: cut to "2001"']})
         self.assertEqual(second, {"path": bad, "ok": False, "error": "This is a ZIP-File"})
         self.assertEqual((third["ok"], third["changed"]), (True, {}))
 

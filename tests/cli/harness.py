@@ -39,6 +39,13 @@ class CliTest(unittest.TestCase):
             file.write(content)
         return path if isinstance(name, bytes) else os.fsdecode(path)
 
+    def without_id3lib(self):
+        """An environment in which the loader finds an id3lib that is none."""
+        folder = tempfile.TemporaryDirectory(prefix="corvane-no-id3lib-")
+        self.addCleanup(folder.cleanup)
+        Path(folder.name, "libid3-3.8.so.3").touch()
+        return environment(LD_LIBRARY_PATH=folder.name)
+
     def names(self):
         return sorted(os.listdir(self.folder))
 

@@ -64,6 +64,13 @@ def id3v2(frames, major=3, padding=100):
     return b"ID3" + bytes([major, 0, 0]) + synchsafe(len(body)) + body
 
 
+def id3v2_size(content):
+    """Bytes of the ID3v2 tag that a file begins with; 0 without one."""
+    if content[:3] != b"ID3":
+        return 0
+    return 10 + sum(byte << shift for byte, shift in zip(content[6:10], (21, 14, 7, 0)))
+
+
 def picture(image, mime=b"image/png", kind=3, description=b""):
     """The payload of an APIC frame, ID3v2.3.0 section 4.15."""
     return b"\0" + mime + b"\0" + bytes([kind]) + description + b"\0" + image

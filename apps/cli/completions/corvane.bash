@@ -23,6 +23,8 @@ _corvane()
 {
     local commands=$'show\nxml\nscan\nset\nremove\nimport\ngenres\nselftest'
     local change=$'--dry-run\n--keep-mtime\n--json\n--quiet\n--color\n--help'
+    local values=$'--title\n--artist\n--album\n--year\n--comment\n--track\n--genre\n--composer\n--original-artist'
+    values+=$'\n--copyright\n--url\n--encoded-by\n--lyrics\n--picture'
     local mp3='*.[Mm][Pp]3'
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} command=${COMP_WORDS[1]}
     COMPREPLY=()
@@ -51,7 +53,7 @@ _corvane()
             show) _corvane_offer $'--color\n--help' "$word" ;;
             xml) _corvane_offer $'--output\n--help' "$word" ;;
             scan) _corvane_offer $'--format\n--jobs\n--quiet\n--help' "$word" ;;
-            set) _corvane_offer $'--title\n--artist\n--album\n--year\n--comment\n--track\n--genre\n--tag\n'"$change" "$word" ;;
+            set) _corvane_offer "$values"$'\n--tag\n'"$change" "$word" ;;
             remove) _corvane_offer $'--tag\n'"$change" "$word" ;;
             import) _corvane_offer "$change" "$word" ;;
             genres) _corvane_offer $'--json\n--help' "$word" ;;

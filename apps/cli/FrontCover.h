@@ -1,0 +1,22 @@
+// The front cover among the pictures of an ID3v2.3 tag.
+#pragma once
+
+#include "corvane/id3v230/ID3V230.h"
+#include "corvane/platform/Picture.h"
+
+#include "apps/cli/TagOutcome.h"
+
+#include <memory>
+#include <optional>
+
+namespace corvane::cli {
+
+// Puts the picture in the place of the front cover, or takes that out where there is no picture. Nothing when the tag
+// has these very bytes there already.
+//
+// The front cover is the first picture of that type, one without a description before others. Where there is none, it
+// is the picture without a type and a description: programs that know no types write the cover like that. All other
+// pictures stay.
+std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture);
+
+} // namespace corvane::cli

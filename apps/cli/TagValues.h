@@ -1,0 +1,43 @@
+// Values that tags are to be given, whatever kind of tag a file has.
+#pragma once
+
+#include "corvane/platform/Picture.h"
+
+#include "apps/cli/Id3v1Edit.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::cli {
+
+// Those that are nothing stay. An empty text deletes.
+struct TagValues {
+    // Of every kind of tag. The track as "5" or "5/12", the genre as a number from 0 to 255 or any text.
+    std::optional<std::string> title, artist, album, year, track, genre, comment;
+    // Of ID3v2 alone.
+    std::optional<std::string> composer, originalArtist, copyright, url, encodedBy, lyrics;
+    std::optional<std::shared_ptr<Picture>> picture; // the front cover; without a picture inside it is deleted
+};
+
+// "7" or "7/12".
+bool isTrack(std::string_view text);
+
+// Whether a text is a genre number, or could be a genre's name.
+bool isGenre(std::string_view text);
+
+// What ID3v1 takes of the values.
+struct Id3v1Part {
+    Id3v1Values values;
+    // A line for each value that has no number in ID3v1: the tag's own is deleted then, for it is not true any more.
+    std::vector<std::string> lost;
+};
+Id3v1Part id3v1Part(const TagValues& values);
+
+// A genre as the content type of ID3v2.3: a number as "(17)", which each program reads as the name that it knows, a
+// name as it stands. 255, which says that there is none, is "".
+std::string contentType(const std::string& genre);
+
+} // namespace corvane::cli
