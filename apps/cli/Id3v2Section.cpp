@@ -2,14 +2,19 @@
 
 #include "corvane/id3v2/ID3V2TagInternals.h"
 #include "corvane/id3v2/ReadableText.h"
+#include "corvane/id3v230/FrameSource.h"
 
 #include "apps/cli/BinaryText.h"
 #include "apps/cli/FrameNames.h"
+#include "apps/cli/Id3v2Saving.h"
 #include "apps/cli/LibraryFailure.h"
 #include "apps/cli/PictureText.h"
 #include "apps/cli/Quantity.h"
 
 #include <fmt/core.h>
+
+#include <functional>
+#include <memory>
 
 namespace corvane::cli {
 
@@ -40,30 +45,52 @@ Row rowOf(FrameId id, Bytes payload) {
     return {id.text(), labelOf(id, {}, binaryDescription(id, payload)), byteText(payload.size())};
 }
 
-Row rowOf(const TagFrames& frames, const FrameRecord& frame) {
+Row rowOf(FrameId id, bool isEncrypted, const std::function<Payload()>& read) {
     try {
-        const Payload payload = frames.payload(frame);
-        if (!frame.encrypted) return rowOf(frame.id, payload.bytes());
-        return {frame.id.text(), std::string(frameName(frame.id)), byteText(payload.bytes().size()) + ", encrypted"};
+        const Payload payload = read();
+        if (!isEncrypted) return rowOf(id, payload.bytes());
+        return {id.text(), std::string(frameName(id)), byteText(payload.bytes().size()) + ", encrypted"};
     } catch (const std::exception& failure) {
-        return {frame.id.text(), std::string(frameName(frame.id)), failure.what()};
+        return {id.text(), std::string(frameName(id)), failure.what()};
     }
+}
+
+void addParsedFrames(Section& section, const TagFrames& frames) {
+    for (const FrameRecord& frame : frames.all()) {
+        section.rows.push_back(rowOf(frame.id, frame.encrypted, [&] { return frames.payload(frame); }));
+    }
+    // The walk counts one byte less than there are.
+    const std::uint64_t padding = frames.paddingSize();
+    section.rows.push_back({"", "Padding", byteText(padding == 0 ? 0 : padding + 1)});
+}
+
+// The frames in front of the damage for which the parser gives up a whole tag.
+void addWholeFrames(Section& section, const std::shared_ptr<const TagImage>& image) {
+    constexpr std::uint8_t kEncrypted = 0x40; // format flag, ID3v2.3.0 section 3.3.1
+    for (std::size_t index = 0; index < image->frames().size(); ++index) {
+        const FrameSource source(image, index);
+        const FrameId id = FrameId::named(source.frame().idText()).value_or(FrameId("????"));
+        const bool isEncrypted = (source.frame().formatFlags & kEncrypted) != 0;
+        section.rows.push_back(rowOf(id, isEncrypted, [&] { return Payload(source.payload()); }));
+    }
+}
+
+void addFrames(Section& section, ID3V2Tag& tag, const std::shared_ptr<const TagImage>& image) {
+    if (Internals<ID3V2Tag>::parse(tag)) return addParsedFrames(section, *Internals<ID3V2Tag>::frames(tag));
+    addWholeFrames(section, image);
+    const std::string reason = reasonOf(*tag.LastError());
+    const char* label = section.rows.empty() ? "Frames" : "More frames";
+    section.rows.push_back({"", label, reason.empty() ? "not read: the version is not known" : reason});
 }
 
 } // namespace
 
-Section id3v2Section(ID3V2Tag& tag) {
+Section id3v2Section(ID3V2Tag& tag, const std::string& path) {
     Section section{headingOf(tag), {}};
-    const TagFrames* frames = Internals<ID3V2Tag>::parse(tag) ? Internals<ID3V2Tag>::frames(tag) : nullptr;
-    if (frames == nullptr) {
-        const std::string reason = reasonOf(*tag.LastError());
-        section.rows.push_back({"", "Frames", reason.empty() ? "not read: the version is not known" : reason});
-        return section;
-    }
-    for (const FrameRecord& frame : frames->all()) section.rows.push_back(rowOf(*frames, frame));
-    // The walk counts one byte less than there are.
-    const std::uint64_t padding = frames->paddingSize();
-    section.rows.push_back({"", "Padding", byteText(padding == 0 ? 0 : padding + 1)});
+    const std::shared_ptr<const TagImage> image = readTagImage(path);
+    addFrames(section, tag, image);
+    const std::string obstacle = obstacleToSaving(*image);
+    if (!obstacle.empty()) section.rows.push_back({"", "Saving", "not possible: " + obstacle});
     return section;
 }
 

@@ -30,7 +30,7 @@ void addLyricsSections(std::vector<Section>& sections, FileHandler& handler) {
 std::vector<Section> sectionsOf(FileHandler& handler) {
     std::vector<Section> sections{fileSection(handler), audioSection(*handler.MPEGHeader())};
     const std::size_t withoutTags = sections.size();
-    if (handler.HasID3V2Tag()) sections.push_back(id3v2Section(*handler.ID3V2Tag()));
+    if (handler.HasID3V2Tag()) sections.push_back(id3v2Section(*handler.ID3V2Tag(), handler.FileName()));
     addLyricsSections(sections, handler);
     if (handler.HasID3V1Tag()) sections.push_back(id3v1Section(*handler.ID3v1xTag()));
     if (sections.size() == withoutTags) sections.push_back({"No tags", {}});

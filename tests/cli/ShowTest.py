@@ -139,13 +139,44 @@ class Frames(Show):
         self.assertEqual(self.frames(mp3.frame24("TIT2", b"\3caf\xc3\xa9"), mp3.frame24("TDRC", mp3.latin1("1999")), major=4)[:2],
                          ["TIT2  Title  café", "TDRC  Recording time  1999"])
 
+    def test_frames_in_front_of_damage_are_shown(self):
+        runs_over = b"TPE1" + struct.pack(">IH", 5000, 0) + b"x"
+        self.assertEqual(self.frames(mp3.frame23("TIT2", mp3.utf16("語")), mp3.frame23("APIC", mp3.picture(mp3.png(3, 2))), runs_over),
+                         ["TIT2  Title  語", "APIC  Picture  image/png, 3 x 2, 97 bytes, front cover",
+                          "More frames  Unable to load this tag.",
+                          "Saving  not possible: the frame TPE1 runs past the end of the tag"])
+
     def test_tag_that_cannot_be_read_says_so(self):
         tag = mp3.id3v2([b"TIT2" + struct.pack(">IH", 5000, 0) + b"x"])
-        self.assertEqual(self.rows(tag + mp3.audio(), f"ID3v2.3.0 tag, {len(tag)} bytes"), ["Frames  Unable to load this tag."])
+        self.assertEqual(self.rows(tag + mp3.audio(), f"ID3v2.3.0 tag, {len(tag)} bytes"),
+                         ["Frames  Unable to load this tag.",
+                          "Saving  not possible: the frame TIT2 runs past the end of the tag"])
 
     def test_tag_of_an_unknown_version_says_so(self):
         tag = mp3.id3v2([], major=5)
-        self.assertEqual(self.rows(tag + mp3.audio(), "ID3v2.5.0 tag, 110 bytes"), ["Frames  not read: the version is not known"])
+        self.assertEqual(self.rows(tag + mp3.audio(), "ID3v2.5.0 tag, 110 bytes"),
+                         ["Frames  not read: the version is not known",
+                          "Saving  not possible: the ID3v2 tag is of version 2.5, only 2.3 can be changed"])
+
+    def test_tag_that_can_be_changed_says_nothing_of_saving(self):
+        self.assertNotIn("Saving", "".join(self.frames(mp3.frame23("TIT2", mp3.latin1("T")))))
+
+    def test_tag_that_cannot_be_changed_says_why(self):
+        for tag, heading, reason in (
+                (mp3.id3v2([mp3.frame22("TT2", mp3.latin1("T"))], major=2), "ID3v2.2.0", "the ID3v2 tag is of version 2.2, only 2.3 can be changed"),
+                (mp3.id3v2([mp3.frame24("TIT2", mp3.latin1("T"))], major=4), "ID3v2.4.0", "the ID3v2 tag is of version 2.4, only 2.3 can be changed"),
+                (mp3.id3v2([mp3.frame23("TIT2", mp3.latin1("T")), bytes(20), b"x"]), "ID3v2.3.0", "the padding behind the frames is not empty")):
+            rows = self.rows(tag + mp3.audio(), f"{heading} tag, {len(tag)} bytes")
+            self.assertIn("Title", rows[0])
+            self.assertRegex(rows[-1], f"^Saving +not possible: {reason}$")
+
+    def test_missing_id3lib_is_told_and_everything_is_shown(self):
+        tag = mp3.id3v2([mp3.frame23("TIT2", mp3.latin1("T"))])
+        song = self.write("a.mp3", tag + mp3.audio())
+        text = self.output("show", song, environment=self.without_id3lib())
+        self.assertIn("  TIT2  Title    T\n", text)
+        self.assertIn("  Saving   not possible: The DLL 'libid3-3.8.so.3' is not present. Please install it into the program "
+                      "directory.\n", text)
 
     def test_columns_are_aligned(self):
         tag = mp3.id3v2([mp3.frame23("TIT2", mp3.latin1("value")), mp3.frame23("TENC", mp3.latin1("value")),
