@@ -12,10 +12,16 @@ help: ## list these words
 packages:
 	@tools/install-packages
 
-run: packages ## build, and show everything that is inside a sample file
+run: packages ## build, show everything that is inside a sample file, and change a copy of it
 	@cmake --preset release
 	@cmake --build --preset release --target tour corvane-cli
 	@build/release/apps/cli/corvane show build/release/examples/tour.mp3
+	@printf '\n\nA copy of it is given another title and another picture:\n\n'
+	@cp build/release/examples/tour.mp3 build/release/examples/changed.mp3
+	@build/release/apps/cli/corvane set build/release/examples/changed.mp3 --title "The Chord, Changed and Saved" \
+		--picture build/release/examples/cover.png
+	@printf '\n\n'
+	@build/release/apps/cli/corvane show build/release/examples/changed.mp3
 
 test: packages ## build and run all tests, the unit tests under sanitizers once more, and the fuzz targets for a moment
 	cmake --workflow --preset dev

@@ -1,4 +1,5 @@
-// `make-tour AUDIO.mp3 TOUR.mp3` puts a tag of every kind around audio that has none.
+// `make-tour AUDIO.mp3 TOUR.mp3 COVER.png` puts a tag of every kind around audio that has none, and paints a picture
+// that the tour can be given.
 #include "tests/support/Id3v1Builder.h"
 #include "tests/support/Id3v2Builder.h"
 #include "tests/support/ImageBuilder.h"
@@ -62,24 +63,28 @@ ByteArray id3v1Record() {
         .done();
 }
 
-void makeTour(const std::string& audio, const std::string& tour) {
-    const ByteArray whole = joined({id3v2Tag(), contentOf(audio), lyrics3Tag(), id3v1Record()});
-    std::ofstream stream(tour, std::ios::binary | std::ios::trunc);
-    stream.write(reinterpret_cast<const char*>(whole.data()), static_cast<std::streamsize>(whole.size()));
+void writeFile(const std::string& path, const ByteArray& content) {
+    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
+    stream.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     stream.close();
-    if (!stream) throw std::runtime_error("cannot write " + tour);
+    if (!stream) throw std::runtime_error("cannot write " + path);
+}
+
+void makeTour(const std::string& audio, const std::string& tour, const std::string& cover) {
+    writeFile(tour, joined({id3v2Tag(), contentOf(audio), lyrics3Tag(), id3v1Record()}));
+    writeFile(cover, pngImage(96, 96));
 }
 
 } // namespace
 } // namespace corvane::test
 
 int main(int argumentCount, char** arguments) {
-    if (argumentCount != 3) {
-        std::cerr << "usage: make-tour AUDIO.mp3 TOUR.mp3\n";
+    if (argumentCount != 4) {
+        std::cerr << "usage: make-tour AUDIO.mp3 TOUR.mp3 COVER.png\n";
         return 2;
     }
     try {
-        corvane::test::makeTour(arguments[1], arguments[2]);
+        corvane::test::makeTour(arguments[1], arguments[2], arguments[3]);
     } catch (const std::exception& failure) {
         std::cerr << "make-tour: " << failure.what() << '\n';
         return 1;
