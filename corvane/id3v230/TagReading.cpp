@@ -13,6 +13,7 @@ namespace {
 
 constexpr unsigned kVersion = 3;
 constexpr std::uint8_t kUnknownFlags = 0x1F;
+constexpr std::uint64_t kBodyOffset = TagHead::kByteCount;
 constexpr std::size_t kExtendedSizeLength = 4; // bytes of the extended header that tell its size
 constexpr std::uint32_t kExtendedSize = 6, kExtendedSizeWithCrc = 10;
 
@@ -37,7 +38,7 @@ std::uint64_t skippedBytes(TagGatherer& image, const TagHead& head, Bytes beginn
 }
 
 void readUnsynchronised(TagGatherer& image, const TagHead& head, FileReader& file) {
-    ByteArray body = file.read(TagHead::kByteCount, *head.bodySize);
+    ByteArray body = file.read(kBodyOffset, *head.bodySize);
     if (!isUnsynchronised(body)) image.refuse("the ID3v2 tag is not unsynchronised as its header says");
     undoUnsynchronisation(body);
     const std::uint64_t begin = skippedBytes(image, head, body);
@@ -46,8 +47,7 @@ void readUnsynchronised(TagGatherer& image, const TagHead& head, FileReader& fil
 
 void readPlain(TagGatherer& image, const TagHead& head, FileReader& file) {
     const std::uint64_t end = std::min(head.tagSize(), file.size());
-    const std::uint64_t begin =
-        TagHead::kByteCount + skippedBytes(image, head, file.view(TagHead::kByteCount, kExtendedSizeLength));
+    const std::uint64_t begin = kBodyOffset + skippedBytes(image, head, file.view(kBodyOffset, kExtendedSizeLength));
     image.walk(file, begin, end);
 }
 

@@ -200,7 +200,7 @@ TEST_P(EveryWay, WhatIsNoRegularFileIsRefused) {
 TEST_P(EveryWay, AFullDiskLeavesTheFileAsItWas) {
     const std::string place = folder.path("small");
     ASSERT_EQ(::mkdir(place.c_str(), 0700), 0);
-    const int result = test::withSmallFileSystem(place.c_str(), 256 * 1024, [&] {
+    const int result = test::withSmallFileSystem(place.c_str(), 256UL * 1024, [&] {
         for (const bool hasSecondName : {false, true}) {
             const Mp3File file(folder, oldTag(), "small/f.mp3");
             if (hasSecondName && ::link(file.path().c_str(), (file.path() + "2").c_str()) != 0) return 1;

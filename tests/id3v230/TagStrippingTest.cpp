@@ -103,7 +103,7 @@ TEST_P(EveryKind, AFullDiskLeavesTheFileAsItWas) {
     ASSERT_EQ(::mkdir(place.c_str(), 0700), 0);
     const ByteArray content =
         joined({leading(), ByteArray(200'000, 0x55), musicMatch(), lyricsV1(), lyricsV2(), record()});
-    const int result = test::withSmallFileSystem(place.c_str(), 300 * 1024, [&] {
+    const int result = test::withSmallFileSystem(place.c_str(), 300UL * 1024, [&] {
         const std::string path = folder.write("small/f", content);
         if (stripTag(path, GetParam().kind).number() != 5) return 1;
         if (test::contentOf(path) != content) return 2;

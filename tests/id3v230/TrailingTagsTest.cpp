@@ -17,7 +17,6 @@ using test::bytesOf;
 using test::joined;
 using test::LyricsBuilder;
 using test::musicMatch;
-using test::MusicMatchTag;
 using test::ScratchFolder;
 using enum ID3_TagType;
 
