@@ -1,14 +1,20 @@
-// What TagLib reads from an MP3 file and what it writes as its ID3v1 record, for tests that compare it with Corvane.
+// What TagLib reads from an MP3 file, and what it writes as its ID3v1 record and as its ID3v2.3 tag, for tests that
+// compare it with Corvane.
 //
 //     taglib-peer read FILE                           one JSON object on standard output
+//     taglib-peer frames FILE                         the same for the frames of the ID3v2 tag: an array
 //     taglib-peer write FILE TITLE ARTIST ALBUM YEAR TRACK GENRE COMMENT
+//     taglib-peer tag FILE TEXT PICTURE               every kind of ID3v2.3 frame, all with the same text
 //
 // Texts are UTF-8, numbers decimal; genre 255 is none.
+#include "TagLibFrames.h"
+
 #include <nlohmann/json.hpp>
 #include <taglib/id3v1tag.h>
 #include <taglib/id3v2tag.h>
 #include <taglib/mpegfile.h>
 #include <taglib/mpegproperties.h>
+#include <taglib/tfilestream.h>
 
 #include <iostream>
 #include <span>
@@ -60,6 +66,20 @@ void read(const char* path) {
     std::cout << Json{{"id3v1", id3v1Of(file)}, {"id3v2", id3v2Of(file)}, {"audio", audioOf(file)}}.dump() << '\n';
 }
 
+void readFrames(const char* path) {
+    MpegFile file(path);
+    if (!file.hasID3v2Tag()) throw std::runtime_error("no ID3v2 tag");
+    std::cout << framesOf(*file.ID3v2Tag()).dump() << '\n';
+}
+
+void writeFrames(const char* path, const char* text, const char* picture) {
+    TagLib::FileStream stream(picture, true);
+    MpegFile file(path, false);
+    addFrames(*file.ID3v2Tag(true), fromUtf8(text), stream.readBlock(static_cast<unsigned long>(stream.length())));
+    const bool isSaved = file.save(MpegFile::ID3v2, MpegFile::StripNone, TagLib::ID3v2::v3, MpegFile::DoNotDuplicate);
+    if (!isSaved) throw std::runtime_error("not saved");
+}
+
 unsigned numberOf(const char* text) { return static_cast<unsigned>(std::stoul(text)); }
 
 void write(const char* path, std::span<char* const> values) {
@@ -83,6 +103,10 @@ int main(int argumentCount, char** arguments) {
     try {
         if (words.size() == 3 && std::string(words[1]) == "read") {
             read(words[2]);
+        } else if (words.size() == 3 && std::string(words[1]) == "frames") {
+            readFrames(words[2]);
+        } else if (words.size() == 5 && std::string(words[1]) == "tag") {
+            writeFrames(words[2], words[3], words[4]);
         } else if (words.size() == 10 && std::string(words[1]) == "write") {
             write(words[2], words.subspan(3));
         } else {
