@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::size_t kScratchSize = 32 * 1024; // bytes, the window of deflate
+constexpr std::size_t kScratchSize = std::size_t{32} * 1024; // bytes, the window of deflate
 
 class Inflater { // a zlib stream, released on every way out
 public:

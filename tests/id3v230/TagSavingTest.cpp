@@ -299,7 +299,7 @@ TEST(TagSaving, ATagOf256MegabytesIsRefused) {
     const ByteArray header = test::joined({ByteBuilder().text("ID3").byte(3).repeat(0, 2).synchsafe(kData + 10).done(),
                                            ByteBuilder().text("GEOB").bigEndian(kData, 4).repeat(0, 2).done()});
     const std::string path = folder.write("f.mp3", header);
-    ASSERT_EQ(::truncate(path.c_str(), header.size() + kData), 0);
+    ASSERT_EQ(::truncate(path.c_str(), static_cast<off_t>(header.size() + kData)), 0);
     const auto image = imageOf(path);
     auto frames = test::carriedFrames(*image);
     frames.push_back(frames[0]);
