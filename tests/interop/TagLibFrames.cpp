@@ -1,4 +1,4 @@
-#include "TagLibFrames.h"
+#include "tests/interop/TagLibFrames.h"
 
 #include <taglib/attachedpictureframe.h>
 #include <taglib/commentsframe.h>

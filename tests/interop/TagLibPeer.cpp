@@ -7,7 +7,7 @@
 //     taglib-peer tag FILE TEXT PICTURE               every kind of ID3v2.3 frame, all with the same text
 //
 // Texts are UTF-8, numbers decimal; genre 255 is none.
-#include "TagLibFrames.h"
+#include "tests/interop/TagLibFrames.h"
 
 #include <nlohmann/json.hpp>
 #include <taglib/id3v1tag.h>
