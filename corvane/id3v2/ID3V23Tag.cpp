@@ -35,6 +35,13 @@ std::int16_t yearIn(std::string_view text) {
     return year;
 }
 
+// What a person needs to know when the medium has failed in the change and in the way back. Hosts know the records of
+// failures by their texts, so that nothing is added to them otherwise.
+std::string repairHint(const ID3V230& tag) {
+    const auto& failure = Internals<ID3V230>::lastFailure(tag);
+    return failure && failure->isDamaged ? "\r\n" + failure->description : std::string();
+}
+
 } // namespace
 
 ID3V23Tag::ID3V23Tag() : frames_(noFrames()), error_(std::make_shared<cError>()) {}
@@ -162,7 +169,7 @@ bool ID3V23Tag::saveTag() {
         return false;
     }
     const bool saved = recordFailures(*error_, false, [this] { return Internals<ID3V230>::SaveTag(*changeable_); });
-    error_->record("saveTag", "Unable to save the ID3v23 tag.", cError::kError);
+    error_->record("saveTag", "Unable to save the ID3v23 tag." + repairHint(*changeable_), cError::kError);
     return saved;
 }
 
@@ -174,7 +181,8 @@ bool ID3V23Tag::removeTag() {
     return recordFailures(*error_, false, [this] {
         const std::int32_t number = Internals<ID3V230>::StripTags(*changeable_, kId3v2);
         if (number == 0) return true;
-        error_->record("removeTag", std::string("Unable to remove the tag: ").append(id3ErrorText(number)));
+        const std::string text = std::string("Unable to remove the tag: ").append(id3ErrorText(number));
+        error_->record("removeTag", text + repairHint(*changeable_));
         return false;
     });
 }

@@ -39,7 +39,7 @@ ByteArray ownFrame(const WantedFrame& wanted) {
     writeFields(fields, wanted);
     const ByteArray payload = fields.payload();
     if (!says(payload, wanted)) {
-        throw EncodingFailure(EncodingError::BadData,
+        throw EncodingFailure(Id3libError::BadData,
                               std::string(wanted.letters) + ": The value would not be read back.");
     }
     ByteArray frame(wanted.letters.begin(), wanted.letters.end());
@@ -59,7 +59,7 @@ std::size_t mostBytesOf(const WantedFrame& frame) {
 void checkSizes(const std::vector<WantedFrame>& frames) {
     std::size_t all = 0;
     for (const WantedFrame& frame : frames) all += mostBytesOf(frame);
-    if (all >= kMostBytes) throw EncodingFailure(EncodingError::BadData, "The values are too large for a tag.");
+    if (all >= kMostBytes) throw EncodingFailure(Id3libError::BadData, "The values are too large for a tag.");
 }
 
 } // namespace

@@ -21,7 +21,10 @@ public:
     const RawFrame& frame() const { return tag_->frames()[index_]; }
     std::size_t index() const { return index_; }
     // The same frame after the library has written the tag anew.
-    void moveTo(std::shared_ptr<const TagImage> tag, std::size_t index) { *this = FrameSource(std::move(tag), index); }
+    void moveTo(std::shared_ptr<const TagImage> tag, std::size_t index) noexcept {
+        tag_ = std::move(tag);
+        index_ = index;
+    }
 
     ID3_FrameID number() const;
     // What the frame says; nothing when nobody can know, because it is encrypted or cannot be inflated. What

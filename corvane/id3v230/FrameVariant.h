@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/platform/Picture.h"
+#include "corvane/platform/Variant.h"
 
 #include <cstdint>
 #include <memory>
@@ -11,6 +12,6 @@
 namespace corvane {
 
 // Nothing; the year (16 bits); the play counter (32 bits); text; a picture.
-using FrameVariant = std::variant<std::monostate, std::int16_t, std::int32_t, std::string, std::shared_ptr<Picture>>;
+using FrameVariant = std::variant<NoValue, std::int16_t, std::int32_t, std::string, std::shared_ptr<Picture>>;
 
 } // namespace corvane

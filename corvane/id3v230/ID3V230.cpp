@@ -28,7 +28,7 @@ bool isEmptyText(const FrameVariant& value) {
 // A frame that nobody can read has a description that nobody knows: it is neither found nor overwritten.
 bool isKnownAs(const ID3V230Frame& record, std::string_view descriptor) {
     const auto& content = Internals<ID3V230Frame>::content(record);
-    const bool isUnknown = content.isHidden && std::holds_alternative<std::monostate>(content.value) &&
+    const bool isUnknown = content.isHidden && std::holds_alternative<NoValue>(content.value) &&
                            !content.pictureWasSet && content.description.empty();
     return !isUnknown && content.description == descriptor;
 }

@@ -121,6 +121,7 @@ private:
     struct Failure {
         std::int32_t number = 0;
         std::string description;
+        bool isDamaged = false; // the file is not what it was, the description tells how to repair it
     };
 
     bool LoadFromFile(const std::string& path);

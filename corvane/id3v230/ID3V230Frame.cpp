@@ -50,7 +50,7 @@ ID3V230Frame::Content& ID3V230Frame::content() const {
 
 FrameVariant ID3V230Frame::vValue() const {
     const Content& now = content();
-    if (type_ == kPicture && std::holds_alternative<std::monostate>(now.value)) {
+    if (type_ == kPicture && std::holds_alternative<NoValue>(now.value)) {
         if (auto picture = Picture()) return picture;
     }
     return now.value;
@@ -59,7 +59,7 @@ FrameVariant ID3V230Frame::vValue() const {
 void ID3V230Frame::vValue(FrameVariant value) {
     if (const auto* picture = std::get_if<std::shared_ptr<corvane::Picture>>(&value)) {
         Picture(*picture);
-        value = std::monostate();
+        value = NoValue();
     }
     content().value = std::move(value);
 }

@@ -25,9 +25,9 @@ struct Internals<ID3V230Frame> {
     static void setPictureBytes(ID3V230Frame& record, ByteArray bytes) { record.setPictureBytes(std::move(bytes)); }
     // The frame that the record was read from; nullptr for one made in memory.
     static const FrameSource* source(const ID3V230Frame& record) { return record.source_.get(); }
-    // From now on the record's frame is this one.
-    static void source(ID3V230Frame& record, FrameSource source) {
-        record.source_ = std::make_unique<FrameSource>(std::move(source));
+    // From now on the record's frame is this one. Gives the one before.
+    static void source(ID3V230Frame& record, std::unique_ptr<FrameSource>& source) noexcept {
+        record.source_.swap(source);
     }
     static const ID3V230Frame::Content& content(const ID3V230Frame& record) { return record.content(); }
 };

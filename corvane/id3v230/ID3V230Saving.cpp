@@ -1,4 +1,5 @@
 // Writing the records into the file, and taking tags out of it.
+#include "corvane/id3v230/EncodingFailure.h"
 #include "corvane/id3v230/ID3V230.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/RecordsToWrite.h"
@@ -26,7 +27,7 @@ EncodedRecords encodedOf(const std::vector<RecordToWrite>& records) {
     }
     try {
         return {{}, encodedFrames(changed)};
-    } catch (const RuntimeFailure& failure) { // its number is one of id3lib's already
+    } catch (const EncodingFailure& failure) {
         return {{static_cast<Id3libError>(failure.number()), failure.description()}, {}};
     }
 }
@@ -49,10 +50,20 @@ std::vector<TagFrame> framesOf(const std::vector<RecordToWrite>& records, std::v
     return frames;
 }
 
+// The places of the records' frames once they are saved. They are made before, since nothing may fail when the file has
+// been written.
+std::vector<std::unique_ptr<FrameSource>> newSources(const std::vector<RecordToWrite>& records) {
+    std::vector<std::unique_ptr<FrameSource>> sources(records.size());
+    for (auto& source : sources) source = std::make_unique<FrameSource>(nullptr, 0);
+    return sources;
+}
+
 // Frames stand elsewhere in the file now.
-void followSavedTag(const std::vector<RecordToWrite>& records, const std::shared_ptr<TagImage>& saved) {
+void followSavedTag(const std::vector<RecordToWrite>& records, std::vector<std::unique_ptr<FrameSource>>& sources,
+                    const std::shared_ptr<TagImage>& saved) noexcept {
     for (std::size_t index = 0; index < records.size(); ++index) {
-        Internals<ID3V230Frame>::source(*records[index].record, FrameSource(saved, index));
+        sources[index]->moveTo(saved, index);
+        Internals<ID3V230Frame>::source(*records[index].record, sources[index]);
     }
 }
 
@@ -72,9 +83,10 @@ bool ID3V230::SaveTag() {
         const std::vector<RecordToWrite> records = recordsToWrite(*frames_);
         EncodedRecords encoded = encodedOf(records);
         if (!encoded.change) return encoded.change;
+        auto sources = newSources(records);
         SavedTag saved = saveTag(*tag_, framesOf(records, std::move(encoded.frames), tag_), useTempCopy_);
         if (saved.change) {
-            followSavedTag(records, saved.image);
+            followSavedTag(records, sources, saved.image);
             tag_ = std::move(saved.image);
         }
         return saved.change;
@@ -105,7 +117,7 @@ bool ID3V230::succeeds(Change&& change) {
     } catch (const std::exception& failure) {
         result = changeFailure(failure);
     }
-    if (!result) failure_ = Failure{result.number(), result.text};
+    if (!result) failure_ = Failure{result.number(), result.text, result.isDamaged};
     return !failure_;
 }
 

@@ -32,7 +32,8 @@ TagChange changeFailure(const std::exception& failure) {
     const auto* known = dynamic_cast<const RuntimeFailure*>(&failure);
     if (known == nullptr) return {Id3libError::BadData, failure.what()};
     const auto row = std::ranges::find(kRows, known->number(), &Row::systemNumber);
-    return {row == kRows.end() ? Id3libError::NoBuffer : row->error, known->description()};
+    const bool isDamaged = dynamic_cast<const DamageFailure*>(known) != nullptr;
+    return {row == kRows.end() ? Id3libError::NoBuffer : row->error, known->description(), isDamaged};
 }
 
 } // namespace corvane

@@ -9,7 +9,6 @@
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/FileSizeLimitGuard.h"
-#include "corvane/platform/TemporaryNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,7 +23,7 @@ constexpr std::size_t kHeaderSize = 10; // bytes, of a tag and of a frame
 
 const Id3Library& library() {
     const Id3Library* const found = Id3Library::loaded();
-    if (found == nullptr) throw EncodingFailure(EncodingError::LibraryNotFound, checkId3Library().message);
+    if (found == nullptr) throw EncodingFailure(Id3libError::NoFile, checkId3Library().message);
     return *found;
 }
 
@@ -59,7 +58,7 @@ public:
 private:
     static std::int32_t numberOf(const WantedFrame& wanted) {
         const auto number = id3libNumberOf(wanted.frame);
-        if (!number) throw EncodingFailure(EncodingError::InvalidFrame, "id3lib knows no such frame.");
+        if (!number) throw EncodingFailure(Id3libError::InvalidFrame, "id3lib knows no such frame.");
         return *number;
     }
     Id3Library::Field* field(ID3_FieldID field) const {
@@ -108,12 +107,12 @@ ByteArray tagWrittenInto(const std::string& path, std::span<const WantedFrame> f
 }
 
 ByteArray writtenTag(std::span<const WantedFrame> frames) try {
-    const PrivateFolder folder;
-    return tagWrittenInto(createTemporaryFile(folder.path(), "tmp"), frames);
+    PrivateFolder folder;
+    return tagWrittenInto(folder.makeFile(), frames);
 } catch (const EncodingFailure&) {
     throw;
 } catch (const RuntimeFailure& failure) {
-    throw EncodingFailure(EncodingError::NoBuffer, failure.description());
+    throw EncodingFailure(Id3libError::NoBuffer, failure.description());
 }
 
 // Takes the next frame, if it is the one that was wanted.
@@ -128,9 +127,9 @@ ByteArray takeFrame(ByteReader& tag, const WantedFrame& wanted) {
         letters && std::ranges::equal(*letters, wanted.letters) && isPlain && payload && says(*payload, wanted);
     const auto bytes = isWanted ? tag.take(kHeaderSize + size) : std::nullopt;
     if (!bytes) {
-        throw EncodingFailure(EncodingError::NoBuffer, std::string(wanted.letters) +
-                                                           ": The frame could not be made. There may be no room for "
-                                                           "temporary files.");
+        throw EncodingFailure(Id3libError::NoBuffer, std::string(wanted.letters) +
+                                                         ": The frame could not be made. There may be no room for "
+                                                         "temporary files.");
     }
     return {bytes->begin(), bytes->end()};
 }

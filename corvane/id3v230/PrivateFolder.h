@@ -15,9 +15,12 @@ public:
     PrivateFolder& operator=(const PrivateFolder&) = delete;
 
     const std::string& path() const { return path_; }
+    // Makes a new empty file in the folder, once. Gives its path. Fails with errno's number and text.
+    const std::string& makeFile();
 
 private:
     std::string path_;
+    std::string file_; // "" as long as there is none
 };
 
 } // namespace corvane

@@ -23,7 +23,7 @@ bool isUntouchedIdentifier(const ID3V230Frame& record) {
 
 bool hasNoValue(const FrameVariant& value) {
     const auto* text = std::get_if<std::string>(&value);
-    return std::holds_alternative<std::monostate>(value) || (text != nullptr && text->empty());
+    return std::holds_alternative<NoValue>(value) || (text != nullptr && text->empty());
 }
 
 // Whether the record says what the bytes of its frame say.
@@ -40,9 +40,9 @@ bool isAsRead(const ID3V230Frame& record) {
 // Whether the record's frame never had a value that could be changed, such as that of a private frame.
 bool hasForeignValue(const ID3V230Frame& record) {
     const FrameSource* source = Record::source(record);
-    if (source == nullptr || !std::holds_alternative<std::monostate>(Record::content(record).value)) return false;
+    if (source == nullptr || !std::holds_alternative<NoValue>(Record::content(record).value)) return false;
     const auto read = source->content();
-    return !read || std::holds_alternative<std::monostate>(read->value);
+    return !read || std::holds_alternative<NoValue>(read->value);
 }
 
 FrameToWrite frameOf(const ID3V230Frame& record, std::shared_ptr<Picture> picture) {

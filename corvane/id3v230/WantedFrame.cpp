@@ -22,14 +22,14 @@ constexpr std::string_view kOwnLanguage = "eng", kUnknownLanguage = "XXX"; // ID
 constexpr std::uint32_t kLyrics = 1;                                       // content type of SYLT
 
 EncodingFailure refusal(const WantedFrame& frame, const std::string& reason) {
-    return {EncodingError::BadData, std::string(frame.letters) + ": " + reason};
+    return {Id3libError::BadData, std::string(frame.letters) + ": " + reason};
 }
 
 // Four letters, of which two frames of ID3v2.2 have none.
 std::string_view lettersOf(ID3_FrameID frame) {
     const auto letters = FrameName(static_cast<std::int32_t>(frame), enumShortOrLongText::eslSHORT).value_or("");
     if (frameNumberOf(letters) == ID3_FrameID::ID3FID_NOFRAME) {
-        throw EncodingFailure(EncodingError::InvalidFrame,
+        throw EncodingFailure(Id3libError::InvalidFrame,
                               "There is no frame " + std::to_string(static_cast<std::int32_t>(frame)) + ".");
     }
     return letters;
@@ -111,7 +111,7 @@ void writeText(FieldWriter& fields, const WantedFrame& frame) {
     const ID3_FieldID field = own == ID3FN_NOFIELD ? ID3FN_TEXT : own;
     id3SetField(fields, frame.text, field);
     if (!fields.has(field)) {
-        throw EncodingFailure(EncodingError::FieldNotFound,
+        throw EncodingFailure(Id3libError::FieldNotFound,
                               std::string(frame.letters) + ": There is no place for a value.");
     }
 }

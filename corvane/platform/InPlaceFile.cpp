@@ -64,9 +64,9 @@ void InPlaceFile::overwrite(std::uint64_t offset, Bytes bytes, Bytes old) {
     if (problem == 0) return;
     const int second = takeBack(offset, old.first(std::min(written, old.size())), written > old.size());
     if (second == 0) throw systemFailure(problem, kSource);
-    throw RuntimeFailure(problem, kSource,
-                         std::generic_category().message(problem) +
-                             "; the change could not be taken back: " + std::generic_category().message(second));
+    throw DamageFailure(problem, kSource,
+                        std::generic_category().message(problem) +
+                            "; the change could not be taken back: " + std::generic_category().message(second));
 }
 
 void InPlaceFile::requireUnchanged(const FileIdentity& known) const {

@@ -72,8 +72,8 @@ std::int32_t numberOf(const std::exception& failure) {
 }
 
 // Neither the new nor the old content could be written: what a person needs to put the file together stays.
-RuntimeFailure damageFailure(const OwnInodeChange& change, TemporaryFile& backup, const std::exception& cause,
-                             const std::exception& second) {
+DamageFailure damageFailure(const OwnInodeChange& change, TemporaryFile& backup, const std::exception& cause,
+                            const std::exception& second) {
     const std::string backupName = backup.keep();
     const std::string completeName = change.complete.keep();
     return {numberOf(cause), kSource,

@@ -13,6 +13,8 @@ RuntimeFailure::RuntimeFailure(FailureNumber number, std::string source, const s
 
 RuntimeFailure::~RuntimeFailure() = default;
 
+DamageFailure::~DamageFailure() = default;
+
 RuntimeFailure systemFailure(int errorNumber, std::string source) {
     return {errorNumber, std::move(source), std::generic_category().message(errorNumber)};
 }

@@ -41,6 +41,16 @@ private:
     std::string source_;
 };
 
+// The failure of a change that could not be taken back either, because the medium failed a second time: the file is not
+// what it was. The description tells what a person needs to repair it.
+class CORVANE_EXPORT DamageFailure : public RuntimeFailure {
+public:
+    using RuntimeFailure::RuntimeFailure;
+    DamageFailure(const DamageFailure&) noexcept = default;
+    DamageFailure& operator=(const DamageFailure&) noexcept = default;
+    ~DamageFailure() override;
+};
+
 // A system error as a run-time failure: errno as number, the system's own text as description.
 RuntimeFailure systemFailure(int errorNumber, std::string source);
 

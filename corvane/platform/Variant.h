@@ -7,6 +7,18 @@
 
 namespace corvane {
 
-using Variant = std::variant<std::monostate, std::int32_t, std::string>;
+// The empty value. Not std::monostate, because a variant whose alternatives all move without failing never counts as
+// being without a value in libstdc++ 12: where memory runs out while such a variant is copied, it destroys the value
+// that it has not made.
+struct NoValue {
+    NoValue() = default;
+    NoValue(const NoValue&) noexcept {}                           // NOLINT(modernize-use-equals-default): see above
+    NoValue& operator=(const NoValue&) noexcept { return *this; } // NOLINT(modernize-use-equals-default)
+    ~NoValue() = default;
+
+    friend bool operator==(const NoValue&, const NoValue&) { return true; }
+};
+
+using Variant = std::variant<NoValue, std::int32_t, std::string>;
 
 } // namespace corvane

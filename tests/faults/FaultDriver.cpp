@@ -1,10 +1,14 @@
 // Does one operation on a file and tells how it ended: exit code 0 for success, 1 for failure (its text on standard
-// output), 2 for wrong use. The N-th allocation of memory fails when CORVANE_FAULT_ALLOCATION is N.
+// output), 2 for wrong use. The N-th allocation of memory that is not id3lib's fails when CORVANE_FAULT_ALLOCATION is
+// N.
 #include "corvane/core/FileHandler.h"
 #include "corvane/core/FileRoutines.h"
 #include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/platform/FileReplacement.h"
 
+#include "tests/faults/Id3libCallers.h"
 #include "tests/support/ByteBuilder.h"
 
 #include <dlfcn.h>
@@ -14,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <string>
 
@@ -31,7 +36,8 @@ long numberOf(const char* variable) {
 } // namespace
 
 void* operator new(std::size_t size) {
-    if (failingAllocation != 0 && ++allocationCount == failingAllocation) {
+    const bool isCounted = failingAllocation != 0 && !corvane::test::Id3libCallers::includeId3lib();
+    if (isCounted && ++allocationCount == failingAllocation) {
         static_cast<void>(::write(reportDescriptor, "allocation\n", 11) == 11);
         throw std::bad_alloc();
     }
@@ -115,17 +121,89 @@ Outcome removeTag(const std::string& path) {
     return outcomeOf(handler.removeID3V1xTag(), handler);
 }
 
+// Failures of saving tell their reason inside the library alone.
+Outcome saved(ID3V230& tag) {
+    const bool isSaved = Internals<ID3V230>::SaveTag(tag);
+    failingAllocation = 0;
+    return {isSaved, isSaved ? "" : Internals<ID3V230>::lastFailure(tag)->description};
+}
+
+// What `change` makes of the ID3v2.3 tag of the file, saved.
+template <class Change>
+Outcome changeTag(const std::string& path, Change&& change) {
+    ID3V230 tag;
+    if (!Internals<ID3V230>::LoadFromFile(tag, path)) return {false, "the tag was not read"};
+    change(tag);
+    return saved(tag);
+}
+
+// A text of the library's own making and a comment of id3lib's.
+void makeLonger(ID3V230& tag) {
+    tag.Title(std::string(3000, 't'));
+    tag.Comments("a comment");
+}
+
+void changeWords(ID3V230& tag) {
+    tag.Title("new");
+    tag.Mood("Calm");
+}
+
+Outcome growTag(const std::string& path) { return changeTag(path, makeLonger); }
+
+Outcome changeTagSafely(const std::string& path) { return changeTag(path, changeWords); }
+
+Outcome changeTagInPlace(const std::string& path) {
+    return changeTag(path, [](ID3V230& tag) {
+        tag.UseTempCopy(false);
+        changeWords(tag);
+    });
+}
+
+Outcome shrinkTag(const std::string& path) {
+    return changeTag(path, [](ID3V230& tag) { tag.Picture(nullptr); });
+}
+
+Outcome removeId3v2Tag(const std::string& path) {
+    FileHandler handler;
+    if (!handler.Create(path)) return outcomeOf(false, handler);
+    const auto tag = handler.ID3V2Tag()->ID3V23Tag();
+    if (tag == nullptr) return {false, "the tag was not read"};
+    const bool isRemoved = tag->removeTag();
+    failingAllocation = 0;
+    return {isRemoved, isRemoved ? "" : tag->LastError()->Stream()};
+}
+
+Outcome createTag(const std::string& path) {
+    FileHandler handler;
+    if (!handler.Create(path)) return outcomeOf(false, handler);
+    const auto values = std::make_shared<ID3V230>();
+    makeLonger(*values);
+    return outcomeOf(handler.createID3V2Tag(values), handler);
+}
+
 struct Operation {
     const char* name;
     Outcome (*run)(const std::string& path);
 };
-constexpr std::array kOperations{
-    Operation{"cut", cut},          Operation{"add-head", addHead},   Operation{"change-middle", changeMiddle},
-    Operation{"copy-new", copyNew}, Operation{"copy-over", copyOver}, Operation{"copy-behind", copyBehind},
-    Operation{"has-tag", hasTag},   Operation{"write-tag", writeTag}, Operation{"remove-tag", removeTag}};
+constexpr std::array kOperations{Operation{"cut", cut},
+                                 Operation{"add-head", addHead},
+                                 Operation{"change-middle", changeMiddle},
+                                 Operation{"copy-new", copyNew},
+                                 Operation{"copy-over", copyOver},
+                                 Operation{"copy-behind", copyBehind},
+                                 Operation{"has-tag", hasTag},
+                                 Operation{"write-tag", writeTag},
+                                 Operation{"remove-tag", removeTag},
+                                 Operation{"v2-grow", growTag},
+                                 Operation{"v2-change", changeTagSafely},
+                                 Operation{"v2-change-in-place", changeTagInPlace},
+                                 Operation{"v2-shrink", shrinkTag},
+                                 Operation{"v2-remove", removeId3v2Tag},
+                                 Operation{"v2-create", createTag}};
 
 int run(const Operation& operation, const std::string& path) {
     Outcome outcome;
+    corvane::test::Id3libCallers::prepare();
     failingAllocation = numberOf("CORVANE_FAULT_ALLOCATION");
     reportDescriptor = static_cast<int>(numberOf("CORVANE_FAULT_REPORT"));
     try {

@@ -41,8 +41,8 @@ struct Pipe {
     }
 };
 
-std::vector<std::string> environmentOf(const Fault& fault, int report) {
-    std::vector<std::string> variables{"CORVANE_FAULT_REPORT=" + std::to_string(report)};
+std::vector<std::string> environmentOf(const Fault& fault, int report, const std::string& temporaryFolder) {
+    std::vector<std::string> variables{"CORVANE_FAULT_REPORT=" + std::to_string(report), "TMPDIR=" + temporaryFolder};
     if (fault.kind == "allocation") {
         variables.push_back("CORVANE_FAULT_ALLOCATION=" + std::to_string(fault.at));
         return variables;
@@ -72,14 +72,15 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
 
 } // namespace
 
-FaultRun runWithFault(const std::string& operation, const std::string& path, const Fault& fault) {
+FaultRun runWithFault(const std::string& operation, const std::string& path, const Fault& fault,
+                      const std::string& temporaryFolder) {
     Pipe output;
     Pipe report;
     const pid_t child = ::fork();
     if (child < 0) throw std::runtime_error("no child process");
     if (child == 0) {
-        becomeDriver({"corvane-fault-driver", operation, path}, environmentOf(fault, report.ends[1]), output.ends[1],
-                     report.ends[1]);
+        becomeDriver({"corvane-fault-driver", operation, path}, environmentOf(fault, report.ends[1], temporaryFolder),
+                     output.ends[1], report.ends[1]);
     }
     FaultRun run;
     run.text = output.content();

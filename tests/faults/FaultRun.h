@@ -19,7 +19,9 @@ struct FaultRun {
     std::string call; // the one that went wrong; empty when the run has not come that far
 };
 
-// Throws when the driver cannot be run or is not used as it should be.
-FaultRun runWithFault(const std::string& operation, const std::string& path, const Fault& fault);
+// temporaryFolder: where the driver makes temporary files that are not beside the file. Throws when the driver cannot
+// be run or is not used as it should be.
+FaultRun runWithFault(const std::string& operation, const std::string& path, const Fault& fault,
+                      const std::string& temporaryFolder = "/tmp");
 
 } // namespace corvane::test

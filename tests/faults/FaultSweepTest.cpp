@@ -3,6 +3,7 @@
 // what they were or what they were to become, and the result that is told is true.
 #include "tests/faults/FaultRun.h"
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/Id3v2Builder.h"
 #include "tests/support/Process.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -48,6 +49,7 @@ struct Scenario {
     bool hasRecord = true;      // the file ends in an ID3v1 record
     bool hasSecondName = false; // a hard link
     bool hasCopy = false;       // the destination of a copy exists
+    bool hasTag = false;        // the file begins with an ID3v2.3 tag
     Interrupted interrupted = Interrupted::Nothing;
 };
 
@@ -74,15 +76,26 @@ State stateOf(const ScratchFolder& folder, bool temporary = false) {
     return state;
 }
 
-ByteArray fileContent(bool hasRecord) {
+// What a writer of tags has left, and what nobody may touch.
+ByteArray id3v2Tag() {
+    return test::Id3v2Builder(3)
+        .text("TIT2", "old")
+        .frame("PRIV", test::countedBytes(700))
+        .frame("APIC", test::pictureFrame(test::countedBytes(90'000)))
+        .text("TPE1", "an artist")
+        .padding(200)
+        .done();
+}
+
+ByteArray fileContent(const Scenario& scenario) {
     ByteBuilder file;
     file.bytes(test::countedBytes(4000));
-    if (hasRecord) file.text("TAG").text("an old title").padTo(4000 + kRecordSize);
-    return file.done();
+    if (scenario.hasRecord) file.text("TAG").text("an old title").padTo(4000 + kRecordSize);
+    return scenario.hasTag ? joined({id3v2Tag(), file.done()}) : file.done();
 }
 
 void prepare(const ScratchFolder& folder, const Scenario& scenario) {
-    const std::string path = folder.write(kFile, fileContent(scenario.hasRecord));
+    const std::string path = folder.write(kFile, fileContent(scenario));
     if (scenario.hasCopy) folder.write(kCopy, test::bytesOf("what the destination held before"));
     if (scenario.hasSecondName) std::filesystem::create_hard_link(path, folder.path(kSecondName));
     // Owner and attributes, so that the calls that take them over are made; not every user or file system can have
@@ -193,10 +206,13 @@ TEST_P(EveryCall, MayGoWrongWithoutHarm) {
         for (long at = 1; at < kMostPoints; ++at) {
             const ScratchFolder folder;
             prepare(folder, scenario);
-            const FaultRun run =
-                test::runWithFault(scenario.operation, folder.path(kFile), {way.kind, errorNumber, at});
+            const ScratchFolder temporary;
+            const FaultRun run = test::runWithFault(scenario.operation, folder.path(kFile), {way.kind, errorNumber, at},
+                                                    temporary.path());
             SCOPED_TRACE("call " + std::to_string(at) + " (" + run.call + "), error " + std::to_string(errorNumber));
             judge.look(folder, run, way.kind);
+            EXPECT_TRUE(run.isKilled || run.call == "unlink" || temporary.names().empty())
+                << "something stays in the folder for temporary files";
             const bool losesContent = run.call == "fsync" || run.call == "fdatasync";
             if (losesContent && way.kind == std::string("once") && errorNumber != EINTR) {
                 EXPECT_FALSE(run.toldSuccess) << "what could not be flushed may be lost";
@@ -230,6 +246,25 @@ const Scenario kScenarios[] = {
     {.name = "OverwriteTheRecord", .operation = "write-tag", .interrupted = Interrupted::Mixture},
     {.name = "AppendTheRecord", .operation = "write-tag", .hasRecord = false, .interrupted = Interrupted::Mixture},
     {.name = "RemoveTheRecord", .operation = "remove-tag"},
+    {.name = "GrowTheTag", .operation = "v2-grow", .hasTag = true},
+    {.name = "GrowTheTagOfAFileOfTwoNames",
+     .operation = "v2-grow",
+     .hasSecondName = true,
+     .hasTag = true,
+     .interrupted = Interrupted::OneNamed},
+    {.name = "ChangeTheTagSafely", .operation = "v2-change", .hasTag = true},
+    {.name = "ChangeTheTagInPlace",
+     .operation = "v2-change-in-place",
+     .hasTag = true,
+     .interrupted = Interrupted::Mixture},
+    {.name = "ShrinkTheTag", .operation = "v2-shrink", .hasTag = true},
+    {.name = "RemoveTheTag", .operation = "v2-remove", .hasTag = true},
+    {.name = "RemoveTheTagOfAFileOfTwoNames",
+     .operation = "v2-remove",
+     .hasSecondName = true,
+     .hasTag = true,
+     .interrupted = Interrupted::OneNamed},
+    {.name = "CreateATag", .operation = "v2-create"},
 };
 
 const Way kWays[] = {

@@ -2,7 +2,6 @@
 #include <corvane/controls/Controls.h>
 
 #include <QApplication>
-
 #include <iostream>
 
 int main(int argumentCount, char** arguments) {
