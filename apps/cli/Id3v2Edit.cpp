@@ -88,7 +88,7 @@ bool hasQuotes(std::string_view text) { return text.find('"') != std::string_vie
 void addWarnings(const TextField& field, const std::string& given, std::vector<std::string>& warnings) {
     if (hasQuotes(given)) warnings.push_back(fmt::format("{}: double quotes are stored as apostrophes", field.name));
     if (field.frame == ID3FID_YEAR && yearOf(given) != given) {
-        warnings.push_back(fmt::format("year: ID3v2.3 keeps \"{}\" of \"{}\"", yearOf(given), given));
+        warnings.push_back(fmt::format(R"(year: ID3v2.3 keeps "{}" of "{}")", yearOf(given), given));
     }
 }
 
