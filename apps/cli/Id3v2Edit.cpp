@@ -23,7 +23,7 @@ using Record = Internals<ID3V230Frame>;
 
 // TYER as a text: its property is a number, which no year in letters has.
 void writeYear(ID3V230& tag, std::string_view text) {
-    if (std::holds_alternative<std::monostate>(tag.FrameValue(ID3FID_YEAR))) tag.Year(0);
+    if (std::holds_alternative<NoValue>(tag.FrameValue(ID3FID_YEAR))) tag.Year(0);
     for (const auto& record : *tag.Frames()) {
         if (record->eType() != static_cast<std::int16_t>(ID3FID_YEAR) || Record::content(*record).isHidden) continue;
         record->vValue(std::string(text));
