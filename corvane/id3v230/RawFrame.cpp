@@ -27,7 +27,7 @@ std::optional<RawFrame> decodeFrameHeader(Bytes bytes, std::uint64_t offset) {
     const auto status = reader.number<1>();
     const auto format = reader.number<1>();
     if (!id || !size || !status || !format) return std::nullopt;
-    std::copy(id->begin(), id->end(), frame.id.begin());
+    std::copy_n(id->begin(), frame.id.size(), frame.id.begin());
     frame.dataSize = *size;
     frame.statusFlags = static_cast<std::uint8_t>(*status);
     frame.formatFlags = static_cast<std::uint8_t>(*format);
