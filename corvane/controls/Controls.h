@@ -5,5 +5,7 @@
 #include "corvane/controls/ControlEnumerations.h"
 #include "corvane/controls/Corvane.h"
 #include "corvane/controls/ID3v1.h"
+#include "corvane/controls/ID3v2.h"
 #include "corvane/controls/Lyrics.h"
+#include "corvane/controls/PropertyBag.h"
 #include "corvane/controls/cTextBox.h"

@@ -40,6 +40,7 @@ GenreBox::GenreBox(QWidget* parent) : QComboBox(parent), byteLabel_(new QLabel(p
     byteLabel_->setToolTip(tr("Genre number"));
     byteLabel_->setMinimumWidth(byteLabel_->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
     fill();
+    clearGenre();
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QComboBox::currentIndexChanged, this, [this] { choose(Told::Change); });
     connect(this, &QComboBox::activated, this, [this] { choose(Told::Activation); });
@@ -47,7 +48,6 @@ GenreBox::GenreBox(QWidget* parent) : QComboBox(parent), byteLabel_(new QLabel(p
 
 void GenreBox::fill() {
     for (const auto& genre : Genres()) addItem(toQt(genre->Description()), int{genre->Num()});
-    setCurrentIndex(-1);
 }
 
 std::uint8_t GenreBox::genre() const {
@@ -61,14 +61,17 @@ void GenreBox::showNumber(std::optional<int> number) {
 }
 
 void GenreBox::showGenre(std::uint8_t genre, const Genres& names) {
+    clearGenre();
     const QScopedValueRollback showing(showing_, true);
     const auto entry = names.getGenreByID(std::to_string(genre));
     setCurrentIndex(entry ? findText(toQt(entry->Description()), Qt::MatchExactly | Qt::MatchCaseSensitive) : -1);
     showNumber(genre);
 }
 
-void GenreBox::clearGenre() {
+// A list without any such text would select its first item instead of none.
+void GenreBox::clearGenre(const QString& ownText) {
     const QScopedValueRollback showing(showing_, true);
+    setPlaceholderText(ownText.isEmpty() ? QStringLiteral(" ") : ownText);
     setCurrentIndex(-1);
     showNumber(std::nullopt);
 }

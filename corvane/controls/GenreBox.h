@@ -28,8 +28,8 @@ public:
     std::uint8_t genre() const;
     // Shows a number and selects its name as a list of genres has it; a number without a name selects nothing.
     void showGenre(std::uint8_t genre, const Genres& names);
-    // Selects nothing and empties the label.
-    void clearGenre();
+    // Selects nothing and empties the label. A text that is no item of the list is still seen in its place.
+    void clearGenre(const QString& ownText = {});
 
     // A locked list shows its genre and lets nobody choose.
     bool isLocked() const { return locked_; }

@@ -1,4 +1,4 @@
-// A host of the controls: its own window around the container, the ID3v1 editor and the Lyrics3 viewer.
+// A host of the controls: its own window around the container, both tag editors and the Lyrics3 viewer.
 //
 //     host-example FILE            opens the window
 //     host-example FILE PICTURE    takes a picture of the window and ends
@@ -7,8 +7,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <iostream>
@@ -19,43 +18,50 @@ class Window : public QWidget {
 public:
     Window() {
         auto* column = new QVBoxLayout(this);
+        auto* tabs = new QTabWidget;
+        tabs->addTab(&id3v2_, "ID3v2");
+        tabs->addTab(&id3v1_, "ID3v1");
+        tabs->addTab(&lyrics_, "Lyrics3");
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Close);
-        for (QWidget* part : {static_cast<QWidget*>(&container_), static_cast<QWidget*>(&editor_),
-                              static_cast<QWidget*>(&lyrics_), static_cast<QWidget*>(buttons)}) {
-            column->addWidget(part);
-        }
+        column->addWidget(&container_);
+        column->addWidget(tabs, 1);
+        column->addWidget(buttons);
         connect(buttons, &QDialogButtonBox::accepted, this, [this] { save(); });
         connect(buttons, &QDialogButtonBox::rejected, this, [this] { close(); });
     }
 
     bool open(const std::string& file) {
         const auto handler = container_.FileHandler();
-        if (!handler->Create(file)) return false;
+        if (!handler->Create(file)) return told(false, handler->LastError());
         setWindowTitle(QString::fromStdString(file));
-        editor_.ID3v1xTag(handler->ID3v1xTag());
+        id3v1_.ID3v1xTag(handler->ID3v1xTag());
+        id3v2_.ID3V2Tag(handler->HasID3V2Tag() ? handler->ID3V2Tag() : nullptr);
         lyrics_.LyricsTag(handler->HasLyricsTag() ? handler->LyricsTag() : nullptr);
-        std::cout << "title: " << editor_.Title() << "\nlyrics: " << (lyrics_.HasTag() ? "yes" : "no") << '\n';
+        std::cout << "ID3v1 " << id3v1_.HasTag() << ", ID3v2 " << id3v2_.HasTag() << ", Lyrics3 " << lyrics_.HasTag()
+                  << ", title " << id3v1_.Title() << '\n';
         return true;
     }
-
-    std::string lastError() const { return container_.FileHandler()->LastError()->Stream(); }
 
 private:
     // The controls tell what the user wants; the host does it.
     void save() {
         const auto handler = container_.FileHandler();
-        bool done = true;
-        if (editor_.saveTag()) {
-            handler->ID3v1xTag(editor_.ID3v1xTag());
-            done = handler->writeID3v1xTag();
-        } else if (editor_.removeTag()) {
-            done = handler->removeID3V1xTag();
-        }
-        if (!done) QMessageBox::warning(this, windowTitle(), QString::fromStdString(lastError()));
+        if (id3v1_.saveTag()) handler->ID3v1xTag(id3v1_.ID3v1xTag());
+        if (id3v1_.saveTag()) told(handler->writeID3v1xTag(), handler->LastError());
+        if (id3v1_.removeTag()) told(handler->removeID3V1xTag(), handler->LastError());
+        const auto tag = id3v2_.ID3V2Tag();
+        if (id3v2_.saveTag()) told(tag->saveTag(), tag->LastError());
+        if (id3v2_.removeTag()) told(tag->ID3V23Tag()->removeTag(), tag->ID3V23Tag()->LastError());
+    }
+
+    static bool told(bool done, const std::shared_ptr<corvane::TagError>& error) {
+        if (!done) std::cerr << error->Stream() << '\n';
+        return done;
     }
 
     corvane::controls::Corvane container_;
-    corvane::controls::ID3v1 editor_;
+    corvane::controls::ID3v1 id3v1_;
+    corvane::controls::ID3v2 id3v2_;
     corvane::controls::Lyrics lyrics_;
 };
 
@@ -69,10 +75,7 @@ int main(int argumentCount, char** arguments) {
         return 2;
     }
     Window window;
-    if (!window.open(arguments[1])) {
-        std::cerr << window.lastError() << '\n';
-        return 1;
-    }
+    if (!window.open(arguments[1])) return 1;
     window.show();
     if (words.size() > 2) {
         QTimer::singleShot(

@@ -29,6 +29,10 @@ constexpr const char* kForm = R"(<ui version="4.0">
      <property name="Locked" stdset="0"><bool>true</bool></property>
      <property name="VisibilityMode" stdset="0"><enum>%1</enum></property>
    </widget></item>
+   <item><widget class="corvane::controls::ID3v2" name="frames">
+     <property name="Mode" stdset="0"><enum>v2aWide</enum></property>
+     <property name="FrameListVisible" stdset="0"><bool>false</bool></property>
+   </widget></item>
    <item><widget class="corvane::controls::Lyrics" name="words">
      <property name="Enabled" stdset="0"><bool>false</bool></property>
    </widget></item>
@@ -37,6 +41,7 @@ constexpr const char* kForm = R"(<ui version="4.0">
  <customwidgets>
   <customwidget><class>corvane::controls::Corvane</class><extends>QWidget</extends></customwidget>
   <customwidget><class>corvane::controls::ID3v1</class><extends>QWidget</extends></customwidget>
+  <customwidget><class>corvane::controls::ID3v2</class><extends>QWidget</extends></customwidget>
   <customwidget><class>corvane::controls::Lyrics</class><extends>QWidget</extends></customwidget>
  </customwidgets>
 </ui>)";
@@ -51,6 +56,8 @@ void checkForm(const QWidget& form) {
     QCOMPARE(tag->property("Genre").toInt(), 17);
     QVERIFY(tag->property("Locked").toBool());
     QCOMPARE(tag->property("VisibilityMode").toInt(), 1);
+    QCOMPARE(form.findChild<QWidget*>("frames")->property("Mode").toInt(), 1);
+    QCOMPARE(form.findChild<QWidget*>("frames")->property("FrameListVisible").toBool(), false);
     QCOMPARE(form.findChild<QWidget*>("words")->property("Enabled").toBool(), false);
 }
 
@@ -88,7 +95,7 @@ void DesignerTest::loadsAFormWithEveryControl() {
     loader.clearPluginPaths();
     QVERIFY(!loader.availableWidgets().contains("corvane::controls::ID3v1"));
     loader.addPluginPath(kFolder);
-    for (const char* name : {"Corvane", "ID3v1", "Lyrics"}) {
+    for (const char* name : {"Corvane", "ID3v1", "ID3v2", "Lyrics"}) {
         QVERIFY(loader.availableWidgets().contains(QStringLiteral("corvane::controls::") + QLatin1String(name)));
     }
     QByteArray text = formWith(mode);
@@ -114,12 +121,11 @@ void DesignerTest::everyControlTellsWhatDesignerShows_data() {
     QTest::addColumn<int>("offset");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("header");
-    QTest::newRow("container") << 0 << "corvane::controls::Corvane"
-                               << "corvane/controls/Corvane.h";
-    QTest::newRow("ID3v1") << 1 << "corvane::controls::ID3v1"
-                           << "corvane/controls/ID3v1.h";
-    QTest::newRow("Lyrics") << 2 << "corvane::controls::Lyrics"
-                            << "corvane/controls/Lyrics.h";
+    int offset = 0;
+    for (const char* control : {"Corvane", "ID3v1", "ID3v2", "Lyrics"}) {
+        QTest::newRow(control) << offset++ << QStringLiteral("corvane::controls::%1").arg(control)
+                               << QStringLiteral("corvane/controls/%1.h").arg(control);
+    }
 }
 
 QDesignerCustomWidgetInterface* DesignerTest::control() {

@@ -1,5 +1,6 @@
-// Pictures of every control in the states that matter, for eyes to judge: screenshots FOLDER.
+// Pictures of every control in the states that matter, for eyes to judge: screenshots FOLDER SAMPLE_FILE.
 #include "corvane/controls/Controls.h"
+#include "corvane/core/FileHandler.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/xml/XmlNode.h"
 
@@ -79,6 +80,15 @@ std::unique_ptr<QWidget> lyricsTag() {
     return editor;
 }
 
+// The sample file of the examples.
+std::unique_ptr<QWidget> id3v2(const char* file, EID3v2Apperance mode) {
+    auto editor = std::make_unique<ID3v2>();
+    corvane::FileHandler handler;
+    if (handler.Create(file)) editor->ID3V2Tag(handler.ID3V2Tag());
+    editor->Mode(mode);
+    return editor;
+}
+
 std::unique_ptr<QWidget> editableLyrics() {
     auto editor = std::make_unique<Lyrics>();
     editor->Locked(false);
@@ -90,14 +100,15 @@ struct Scene {
     std::function<std::unique_ptr<QWidget>()> make;
 };
 
-const std::vector<Scene>& scenes() {
-    static const std::vector<Scene> all{{"container", [] { return std::make_unique<corvane::controls::Corvane>(); }},
-                                        {"id3v1-single", singleTag},
-                                        {"id3v1-many", manyTags},
-                                        {"id3v1-none", withoutTag},
-                                        {"lyrics", lyricsTag},
-                                        {"lyrics-editable", editableLyrics}};
-    return all;
+std::vector<Scene> scenes(const char* sample) {
+    return {{"container", [] { return std::make_unique<corvane::controls::Corvane>(); }},
+            {"id3v1-single", singleTag},
+            {"id3v1-many", manyTags},
+            {"id3v1-none", withoutTag},
+            {"lyrics", lyricsTag},
+            {"lyrics-editable", editableLyrics},
+            {"id3v2", [sample] { return id3v2(sample, EID3v2Apperance::v2aDefault); }},
+            {"id3v2-wide", [sample] { return id3v2(sample, EID3v2Apperance::v2aWide); }}};
 }
 
 void take(const Scene& scene, const QString& name, const QDir& folder) {
@@ -111,13 +122,13 @@ void take(const Scene& scene, const QString& name, const QDir& folder) {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    if (argc != 2) return 2;
+    if (argc != 3) return 2;
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     const QPalette light = QApplication::style()->standardPalette();
     for (const bool dark : {false, true}) {
         QApplication::setPalette(dark ? darkPalette() : light);
-        for (const Scene& scene : scenes()) {
+        for (const Scene& scene : scenes(argv[2])) {
             take(scene, QStringLiteral("%1-%2.png").arg(QLatin1String(scene.name), dark ? "dark" : "light"), folder);
         }
     }

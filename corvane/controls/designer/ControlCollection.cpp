@@ -2,6 +2,7 @@
 
 #include "corvane/controls/Corvane.h"
 #include "corvane/controls/ID3v1.h"
+#include "corvane/controls/ID3v2.h"
 #include "corvane/controls/Lyrics.h"
 #include "corvane/controls/designer/ControlPlugin.h"
 
@@ -20,11 +21,12 @@ class ControlKinds {
     Q_DECLARE_TR_FUNCTIONS(ControlKinds)
 
 public:
-    static QList<ControlKind> all() { return {container(), id3v1(), lyrics()}; }
+    static QList<ControlKind> all() { return {container(), id3v1(), id3v2(), lyrics()}; }
 
 private:
     static ControlKind container();
     static ControlKind id3v1();
+    static ControlKind id3v2();
     static ControlKind lyrics();
 };
 
@@ -60,6 +62,23 @@ ControlKind ControlKinds::id3v1() {
                            {"Locked", tr("Whether the texts can only be read.")},
                            {"VisibilityMode", tr("One tag, or many at once: then only edited fields count.")}},
             .make = make<ID3v1>};
+}
+
+ControlKind ControlKinds::id3v2() {
+    return {.className = "corvane::controls::ID3v2",
+            .header = "corvane/controls/ID3v2.h",
+            .objectName = "id3v2",
+            .icon = "id3v2.svg",
+            .displayName = tr("ID3v2 Editor"),
+            .toolTip = tr("Edits an ID3v2 tag"),
+            .description =
+                tr("Shows and edits the fields, the picture and the lyrics of an ID3v2 tag, and lists its frames."),
+            .size = {540, 600},
+            .properties = {{"Enabled", tr("Whether the fields and the picture can be used.")},
+                           {"Locked", tr("Whether the texts can only be read.")},
+                           {"Mode", tr("The panels one below the other, or side by side.")},
+                           {"FrameListVisible", tr("Whether the list of all frames is shown.")}},
+            .make = make<ID3v2>};
 }
 
 ControlKind ControlKinds::lyrics() {

@@ -1,0 +1,54 @@
+#include "corvane/controls/FrameList.h"
+
+#include "corvane/controls/Text.h"
+
+#include <QHeaderView>
+#include <QLocale>
+#include <QStyledItemDelegate>
+
+namespace corvane::controls {
+
+namespace {
+
+enum Column : int { Frame, Value, Description, Language };
+
+constexpr qsizetype kShownCharacters = 300; // of one value; a row has no room for more
+
+// A row is one line high, whatever the frame's text is.
+class OneLine : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
+        return value.toString().left(kShownCharacters).simplified();
+    }
+};
+
+} // namespace
+
+FrameList::FrameList(QWidget* parent) : QTreeWidget(parent) {
+    setObjectName(QStringLiteral("lvwFrames"));
+    setAccessibleName(tr("Frames of the tag"));
+    setHeaderLabels({tr("Frame"), tr("Value"), tr("Description"), tr("Language")});
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setItemDelegate(new OneLine(this));
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(Value, QHeaderView::Stretch);
+    header()->resizeSection(Frame, fontMetrics().averageCharWidth() * 10);
+    header()->resizeSection(Description, fontMetrics().averageCharWidth() * 18);
+    header()->resizeSection(Language, fontMetrics().averageCharWidth() * 12);
+}
+
+void FrameList::showRows(const std::vector<FrameRow>& rows) {
+    clear();
+    QList<QTreeWidgetItem*> items;
+    for (const FrameRow& row : rows) {
+        items.push_back(new QTreeWidgetItem(
+            QStringList{toQt(row.frame), toQt(row.value), toQt(row.description), toQt(row.language)}));
+    }
+    addTopLevelItems(items);
+}
+
+} // namespace corvane::controls
