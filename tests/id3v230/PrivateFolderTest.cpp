@@ -18,8 +18,20 @@ TEST(PrivateFolder, IsForItsOwnerOnlyAndGoesWithItsContent) {
         const PrivateFolder folder;
         path = folder.path();
         EXPECT_EQ(statusOf(path).st_mode & 07777U, 0700U);
-        std::filesystem::create_directory(path + "/folder");
-        std::ofstream(path + "/folder/file") << "content";
+        std::ofstream(path + "/file") << "content";
+    }
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST(PrivateFolder, ItsOwnFileIsEmptyAndGoesWithIt) {
+    std::string path;
+    {
+        PrivateFolder folder;
+        const std::string file = folder.makeFile();
+        path = folder.path();
+        EXPECT_TRUE(file.starts_with(path + "/tmp")) << file;
+        EXPECT_TRUE(contentOf(file).empty());
+        std::ofstream(file) << "content";
     }
     EXPECT_FALSE(std::filesystem::exists(path));
 }

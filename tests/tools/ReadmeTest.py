@@ -29,6 +29,8 @@ class Readme(unittest.TestCase):
         self.folder = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.folder)
         shutil.copy(SAMPLE, self.folder / "song.mp3")
+        subprocess.run(["ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "color=red:s=16x16", "-frames:v", "1",
+                        self.folder / "cover.jpg"], check=True)
 
     def test_the_sample_is_the_example_that_is_built(self):
         self.assertEqual(blocks("cpp"), [(ROOT / "examples/title/Title.cpp").read_text(encoding="utf-8")])
