@@ -32,7 +32,7 @@ def raw_frames(tag):
     require(tag_size(tag) == len(tag), "the header tells", tag_size(tag), "bytes of", len(tag))
     frames, rest = [], tag[HEADER_SIZE:]
     while rest and rest[0]:
-        require(len(rest) > HEADER_SIZE, "no room for a frame:", rest)
+        require(len(rest) >= HEADER_SIZE, "no room for a frame:", rest)
         name, size, flags = rest[:4].decode("latin-1"), struct.unpack(">I", rest[4:8])[0], rest[8:10]
         require(size <= len(rest) - HEADER_SIZE, name, "runs over the end of the tag")
         frames.append((name, flags, rest[HEADER_SIZE:HEADER_SIZE + size]))
