@@ -71,8 +71,9 @@ private:
         const auto handler = std::make_shared<FileHandler>();
         openFile(*handler, path);
         ChangeReport report;
-        if (tag_ != TagChoice::V1 && handler->HasID3V2Tag()) addId3v2(report, *handler);
+        // The last bytes first: 128 bytes that are all of a file are no ID3v1 tag.
         if (tag_ != TagChoice::V2 && handler->HasTag()) addId3v1(report, handler);
+        if (tag_ != TagChoice::V1 && handler->HasID3V2Tag()) addId3v2(report, *handler);
         if (report.tags.empty()) throw FileFailure(missingText(tag_));
         return report;
     }

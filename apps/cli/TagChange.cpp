@@ -10,19 +10,30 @@ namespace corvane::cli {
 
 namespace {
 
+const char* participleOf(ChangedTag::Fate fate) {
+    switch (fate) {
+    case ChangedTag::Fate::Added:
+        return "added";
+    case ChangedTag::Fate::Removed:
+        return "removed";
+    default:
+        return "changed";
+    }
+}
+
 // Every tag has been looked at before, so that a failure behind the first one is a rare thing; it is told exactly.
 void writeTags(const ChangeReport& report) {
-    std::string done;
+    const ChangedTag* done = nullptr;
     for (const ChangedTag& tag : report.tags) {
         if (!tag.write) continue;
         try {
             tag.write();
         } catch (const std::exception& failure) {
-            if (done.empty()) throw;
-            throw FileFailure(
-                fmt::format("The {} tag is changed, but the {} tag is not: {}", done, tag.name, failure.what()));
+            if (done == nullptr) throw;
+            throw FileFailure(fmt::format("The {} tag is {}, but the {} tag is not: {}", done->name,
+                                          participleOf(done->fate), tag.name, failure.what()));
         }
-        done = tag.name;
+        done = &tag;
     }
 }
 

@@ -87,7 +87,8 @@ class RemoveId3v2(CliTest):
         whole = front + AUDIO + lyrics + self.RECORD
         self.check_removed(whole, "v1", front + AUDIO + lyrics, ["ID3v1.1"])
         self.check_removed(whole, "v2", AUDIO + lyrics + self.RECORD, ["ID3v2.3.0"])
-        self.check_removed(whole, "both", AUDIO + lyrics, ["ID3v2.3.0", "ID3v1.1"])
+        self.check_removed(whole, "both", AUDIO + lyrics, ["ID3v1.1", "ID3v2.3.0"])
+        self.check_removed(front + self.RECORD, "both", b"", ["ID3v1.1", "ID3v2.3.0"])
 
     def test_both_are_those_that_are_there(self):
         self.check_removed(AUDIO + self.RECORD, "both", AUDIO, ["ID3v1.1"])
