@@ -1,91 +1,22 @@
 #include "corvane/controls/cTextBox.h"
 
-#include "corvane/controls/EditBox.h"
-
-#include "tests/controls/Hand.h"
 #include "tests/controls/Registry.h"
+#include "tests/controls/TextBoxFixture.h"
 
 #include <QContextMenuEvent>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace corvane::controls;
 using namespace corvane::test;
 
-namespace {
-
-// A window that shows menus, as the owning control of a text box does.
-class MenuOwner : public QWidget {
-    Q_OBJECT
-
-public Q_SLOTS:
-    void PopupMenu(QMenu* menu) { shown.push_back(menu); }
-
-public:
-    QList<QMenu*> shown;
-};
-
-// Text boxes that count the releases that reach their own handlers.
-class Line : public QLineEdit {
-public:
-    using QLineEdit::QLineEdit;
-    int releases = 0;
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        ++releases;
-        QLineEdit::mouseReleaseEvent(event);
-    }
-};
-
-class Page : public QPlainTextEdit {
-public:
-    using QPlainTextEdit::QPlainTextEdit;
-    int releases = 0;
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override {
-        ++releases;
-        QPlainTextEdit::mouseReleaseEvent(event);
-    }
-};
-
-int releasesOf(QWidget& box) {
-    if (auto* line = dynamic_cast<Line*>(&box)) return line->releases;
-    return dynamic_cast<Page&>(box).releases;
-}
-
-void setText(QWidget& box, const QString& text) {
-    if (auto* line = qobject_cast<QLineEdit*>(&box)) line->setText(text);
-    if (auto* page = qobject_cast<QPlainTextEdit*>(&box)) page->setPlainText(text);
-}
-
-void select(QWidget& box, int start, int length) {
-    if (auto* line = qobject_cast<QLineEdit*>(&box)) line->setSelection(start, length);
-    if (auto* page = qobject_cast<QPlainTextEdit*>(&box)) {
-        QTextCursor cursor = page->textCursor();
-        cursor.setPosition(start);
-        cursor.setPosition(start + length, QTextCursor::KeepAnchor);
-        page->setTextCursor(cursor);
-    }
-}
-
-void lock(QWidget& box) { box.setProperty("readOnly", true); }
-
-QString textOf(QWidget& box) { return EditBox(&box).text(); }
-
-} // namespace
-
-// Every rule holds for boxes of one line and of many.
-class cTextBoxTest : public QObject {
+// The edit commands and the questions about them.
+class cTextBoxTest : public TextBoxFixture {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void cutTakesTheSelectionToTheClipboard_data() { kinds(); }
     void cutTakesTheSelectionToTheClipboard();
@@ -97,14 +28,12 @@ private Q_SLOTS:
     void undoTakesBackTheLastEdit();
     void selectAllSelectsFromTheFirstToTheLastCharacter_data() { kinds(); }
     void selectAllSelectsFromTheFirstToTheLastCharacter();
-
     void canCutNeedsASelectionInAnUnlockedBox_data() { kinds(); }
     void canCutNeedsASelectionInAnUnlockedBox();
     void canSelectAllOnlyWithTextAndWithoutSelection_data() { kinds(); }
     void canSelectAllOnlyWithTextAndWithoutSelection();
     void canPasteWhenTheClipboardHoldsText_data() { kinds(); }
     void canPasteWhenTheClipboardHoldsText();
-
     void replaceSelectionCanBeUndoneUnlessToldOtherwise_data();
     void replaceSelectionCanBeUndoneUnlessToldOtherwise();
     void deleteCannotBeUndoneWhateverIsAsked_data() { kinds(); }
@@ -113,67 +42,7 @@ private Q_SLOTS:
     void deleteWithoutSelectionLeavesTheText();
     void aLockedBoxKeepsItsText_data() { kinds(); }
     void aLockedBoxKeepsItsText();
-
-    void aRightClickShowsTheMenuAndGoesNoFurther_data() { kinds(); }
-    void aRightClickShowsTheMenuAndGoesNoFurther();
-    void withoutMenuOrObjectARightClickReachesTheBox_data() { kinds(); }
-    void withoutMenuOrObjectARightClickReachesTheBox();
-    void otherButtonsReachTheBox_data() { kinds(); }
-    void otherButtonsReachTheBox();
-    void theMenuRequestOfTheMouseBelongsToTheClick_data() { kinds(); }
-    void theMenuRequestOfTheMouseBelongsToTheClick();
-    void anObjectWithoutTheOperationIsNoFailure_data() { kinds(); }
-    void anObjectWithoutTheOperationIsNoFailure();
-
-    void disablingTheMenuTakesABox();
-    void theBoxGetsItsMenuBack_data() { kinds(); }
-    void theBoxGetsItsMenuBack();
-    void aBoxThatWasGivenUpIsLeftAlone_data() { kinds(); }
-    void aBoxThatWasGivenUpIsLeftAlone();
-    void theBoxMayDieFirst_data() { kinds(); }
-    void theBoxMayDieFirst();
-    void theBoxMayOwnIt_data() { kinds(); }
-    void theBoxMayOwnIt();
-    void withoutABoxEverythingIsImpossible();
-    void thePropertiesTellTheSame_data() { kinds(); }
-    void thePropertiesTellTheSame();
-
-private:
-    static void kinds();
-    cTextBox& wrapped(const char* text);
-
-    std::unique_ptr<MenuOwner> owner_;
-    QWidget* box_ = nullptr;
-    std::unique_ptr<cTextBox> textBox_;
 };
-
-void cTextBoxTest::kinds() {
-    QTest::addColumn<bool>("page");
-    QTest::newRow("one line") << false;
-    QTest::newRow("many lines") << true;
-}
-
-void cTextBoxTest::init() {
-    owner_ = std::make_unique<MenuOwner>();
-    textBox_ = std::make_unique<cTextBox>();
-    QGuiApplication::clipboard()->clear();
-}
-
-void cTextBoxTest::cleanup() {
-    textBox_.reset();
-    owner_.reset();
-}
-
-cTextBox& cTextBoxTest::wrapped(const char* text) {
-    QFETCH(bool, page);
-    box_ = page ? static_cast<QWidget*>(new Page(owner_.get())) : new Line(owner_.get());
-    box_->resize(200, 60);
-    setText(*box_, QString::fromUtf8(text));
-    textBox_->TextBox(box_);
-    showWindow(*owner_);
-    box_->setFocus();
-    return *textBox_;
-}
 
 void cTextBoxTest::cutTakesTheSelectionToTheClipboard() {
     cTextBox& textBox = wrapped("one two");
@@ -320,141 +189,6 @@ void cTextBoxTest::aLockedBoxKeepsItsText() {
     textBox.ReplaceSelection("new");
     QCOMPARE(textOf(*box_), before);
     QCOMPARE(clipboardText(), "other");
-}
-
-void cTextBoxTest::aRightClickShowsTheMenuAndGoesNoFurther() {
-    cTextBox& textBox = wrapped("one");
-    QMenu menu;
-    textBox.ContextMenu(&menu);
-    textBox.MenuObject(owner_.get());
-    rightClick(*box_);
-    QCOMPARE(owner_->shown, QList<QMenu*>{&menu});
-    QCOMPARE(releasesOf(*box_), 0);
-}
-
-void cTextBoxTest::withoutMenuOrObjectARightClickReachesTheBox() {
-    cTextBox& textBox = wrapped("one");
-    QMenu menu;
-    textBox.MenuObject(owner_.get());
-    rightClick(*box_);
-    textBox.MenuObject(nullptr);
-    textBox.ContextMenu(&menu);
-    rightClick(*box_);
-    QVERIFY(owner_->shown.isEmpty());
-    QCOMPARE(releasesOf(*box_), 2);
-}
-
-void cTextBoxTest::otherButtonsReachTheBox() {
-    cTextBox& textBox = wrapped("one two");
-    QMenu menu;
-    textBox.ContextMenu(&menu);
-    textBox.MenuObject(owner_.get());
-    QTest::mouseClick(surfaceOf(*box_), Qt::LeftButton, {}, QPoint(8, 12));
-    QTest::mouseDClick(surfaceOf(*box_), Qt::LeftButton, {}, QPoint(8, 12));
-    QVERIFY(owner_->shown.isEmpty());
-    QCOMPARE(releasesOf(*box_), 1);
-    QVERIFY(textBox.CanCopy()); // the box has selected a word
-}
-
-void cTextBoxTest::theMenuRequestOfTheMouseBelongsToTheClick() {
-    cTextBox& textBox = wrapped("one");
-    QMenu menu;
-    textBox.ContextMenu(&menu);
-    textBox.MenuObject(owner_.get());
-    QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(5, 5), box_->mapToGlobal(QPoint(5, 5)));
-    QCoreApplication::sendEvent(surfaceOf(*box_), &request);
-    QVERIFY(!QApplication::activePopupWidget());
-    QVERIFY(owner_->shown.isEmpty());
-}
-
-void cTextBoxTest::anObjectWithoutTheOperationIsNoFailure() {
-    cTextBox& textBox = wrapped("one");
-    QMenu menu;
-    QObject object;
-    textBox.ContextMenu(&menu);
-    textBox.MenuObject(&object);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("No such method QObject::PopupMenu"));
-    rightClick(*box_);
-    QCOMPARE(textOf(*box_), "one");
-}
-
-void cTextBoxTest::disablingTheMenuTakesABox() {
-    cTextBox textBox;
-    textBox.DisableContextMenu(true);
-    QVERIFY(!textBox.DisableContextMenu());
-}
-
-void cTextBoxTest::theBoxGetsItsMenuBack() {
-    cTextBox& textBox = wrapped("one");
-    box_->setContextMenuPolicy(Qt::CustomContextMenu);
-    textBox.DisableContextMenu(true);
-    QVERIFY(textBox.DisableContextMenu());
-    QCOMPARE(box_->contextMenuPolicy(), Qt::PreventContextMenu);
-    textBox.DisableContextMenu(true); // once more changes nothing
-    textBox.DisableContextMenu(false);
-    QCOMPARE(box_->contextMenuPolicy(), Qt::CustomContextMenu);
-    textBox.DisableContextMenu(true);
-    textBox_.reset();
-    QCOMPARE(box_->contextMenuPolicy(), Qt::CustomContextMenu);
-}
-
-void cTextBoxTest::aBoxThatWasGivenUpIsLeftAlone() {
-    cTextBox& textBox = wrapped("one");
-    QMenu menu;
-    textBox.ContextMenu(&menu);
-    textBox.MenuObject(owner_.get());
-    QLineEdit other(owner_.get());
-    other.show();
-    textBox.TextBox(&other);
-    rightClick(*box_);
-    QVERIFY(owner_->shown.isEmpty());
-    rightClick(other);
-    QCOMPARE(owner_->shown.size(), 1);
-    textBox.TextBox(owner_.get()); // no text box
-    rightClick(other);
-    QCOMPARE(owner_->shown.size(), 1);
-    QVERIFY(!textBox.CanSelectAll());
-}
-
-void cTextBoxTest::theBoxMayDieFirst() {
-    cTextBox& textBox = wrapped("one");
-    textBox.DisableContextMenu(true);
-    delete box_;
-    QVERIFY(!textBox.CanSelectAll() && !textBox.CanUndo() && !textBox.CanCut());
-    textBox.Cut();
-    textBox.SelectAll();
-    textBox.Delete();
-    textBox.DisableContextMenu(true);
-    QVERIFY(!textBox.DisableContextMenu());
-}
-
-void cTextBoxTest::theBoxMayOwnIt() {
-    wrapped("one");
-    auto* owned = new cTextBox(box_);
-    const QPointer<cTextBox> watched(owned);
-    owned->TextBox(box_);
-    owned->DisableContextMenu(true);
-    delete box_;
-    QVERIFY(watched.isNull());
-}
-
-void cTextBoxTest::withoutABoxEverythingIsImpossible() {
-    cTextBox textBox;
-    putOnClipboard("text");
-    textBox.Paste();
-    textBox.Undo();
-    textBox.Copy();
-    textBox.ReplaceSelection("text");
-    QVERIFY(!textBox.CanCut() && !textBox.CanCopy() && !textBox.CanUndo() && !textBox.CanSelectAll());
-    QVERIFY(textBox.CanPaste()); // asks the clipboard only
-}
-
-void cTextBoxTest::thePropertiesTellTheSame() {
-    cTextBox& textBox = wrapped("one");
-    QCOMPARE(textBox.property("CanSelectAll").toBool(), true);
-    QCOMPARE(textBox.property("CanCopy").toBool(), false);
-    QVERIFY(textBox.setProperty("DisableContextMenu", true));
-    QVERIFY(textBox.DisableContextMenu());
 }
 
 static const bool kRegistered = registerTest<cTextBoxTest>("cTextBoxTest");
