@@ -24,11 +24,6 @@ void replaceForGood(QPlainTextEdit& box, const QString& text) {
 
 } // namespace
 
-QWidget* EditBox::widget() const {
-    if (line_) return line_;
-    return page_;
-}
-
 QWidget* EditBox::surface() const { return page_ ? page_->viewport() : widget(); }
 
 QString EditBox::text() const {

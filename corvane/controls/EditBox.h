@@ -16,9 +16,13 @@ class EditBox {
 public:
     EditBox() = default;
     // A QLineEdit or a QPlainTextEdit; any other widget counts as none.
-    explicit EditBox(QWidget* box) : line_(qobject_cast<QLineEdit*>(box)), page_(qobject_cast<QPlainTextEdit*>(box)) {}
+    explicit EditBox(QWidget* box)
+        : widget_(box), line_(qobject_cast<QLineEdit*>(box)), page_(qobject_cast<QPlainTextEdit*>(box)) {
+        if (!line_ && !page_) widget_ = nullptr;
+    }
 
-    QWidget* widget() const;
+    // The box as a widget; safe to ask even while the box is being destroyed.
+    QWidget* widget() const { return widget_; }
     // What the mouse points at: a box of many lines shows its text in a widget of its own.
     QWidget* surface() const;
 
@@ -36,6 +40,7 @@ public:
     void replaceSelection(const QString& text, Undoable undoable) const;
 
 private:
+    QPointer<QWidget> widget_;
     QPointer<QLineEdit> line_; // at most one of the two
     QPointer<QPlainTextEdit> page_;
 };

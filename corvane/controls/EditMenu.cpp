@@ -23,16 +23,19 @@ void EditMenu::run(Body&& body) {
 }
 
 void EditMenu::makeEntries() {
-    undo_ = addCommand(QStringLiteral("mnuEditUndo"), tr("&Undo"), QKeySequence::Undo, &cTextBox::Undo);
+    undo_ =
+        addCommand(QStringLiteral("mnuEditUndo"), tr("&Undo"), QKeySequence::Undo, [](cTextBox& box) { box.Undo(); });
     menu_->addSeparator();
-    cut_ = addCommand(QStringLiteral("mnuEditCut"), tr("Cu&t"), QKeySequence::Cut, &cTextBox::Cut);
-    copy_ = addCommand(QStringLiteral("mnuEditCopy"), tr("&Copy"), QKeySequence::Copy, &cTextBox::Copy);
-    paste_ = addCommand(QStringLiteral("mnuEditPaste"), tr("&Paste"), QKeySequence::Paste, &cTextBox::Paste);
-    delete_ = addEntry(*menu_, QStringLiteral("mnuEditDelete"), tr("&Delete"));
-    connect(delete_, &QAction::triggered, this, [this] { run([this] { current_.commands->Delete(); }); });
+    cut_ = addCommand(QStringLiteral("mnuEditCut"), tr("Cu&t"), QKeySequence::Cut, [](cTextBox& box) { box.Cut(); });
+    copy_ =
+        addCommand(QStringLiteral("mnuEditCopy"), tr("&Copy"), QKeySequence::Copy, [](cTextBox& box) { box.Copy(); });
+    paste_ = addCommand(QStringLiteral("mnuEditPaste"), tr("&Paste"), QKeySequence::Paste,
+                        [](cTextBox& box) { box.Paste(); });
+    delete_ = addCommand(QStringLiteral("mnuEditDelete"), tr("&Delete"), QKeySequence::UnknownKey,
+                         [](cTextBox& box) { box.Delete(); });
     menu_->addSeparator();
     selectAll_ = addCommand(QStringLiteral("mnuEditSelectAll"), tr("Select &All"), QKeySequence::SelectAll,
-                            &cTextBox::SelectAll);
+                            [](cTextBox& box) { box.SelectAll(); });
     menu_->addSeparator();
     formats_ = menu_->addMenu(tr("&Format"));
     formats_->setObjectName(QStringLiteral("mnuFormat"));
@@ -51,18 +54,19 @@ QAction* EditMenu::addEntry(QMenu& menu, const QString& name, const QString& tex
 
 // The keys are those of the box itself; the menu only tells them.
 QAction* EditMenu::addCommand(const QString& name, const QString& text, QKeySequence::StandardKey key,
-                              void (cTextBox::*command)()) {
+                              Command command) {
     QAction* entry = addEntry(*menu_, name, text);
     entry->setShortcut(key);
     entry->setShortcutContext(Qt::WidgetShortcut);
     entry->setShortcutVisibleInContextMenu(true);
-    connect(entry, &QAction::triggered, this, [this, command] { run([&] { (current_.commands->*command)(); }); });
+    connect(entry, &QAction::triggered, this,
+            [this, command] { run([this, command] { command(*current_.commands); }); });
     return entry;
 }
 
 void EditMenu::addFormat(const QString& name, const QString& text, std::int32_t conversion) {
     connect(addEntry(*formats_, name, text), &QAction::triggered, this,
-            [this, conversion] { run([&] { convert(conversion); }); });
+            [this, conversion] { run([this, conversion] { convert(conversion); }); });
 }
 
 void EditMenu::attach(QWidget& box) {

@@ -33,9 +33,10 @@ private:
         cTextBox* commands = nullptr; // of that box
     };
 
+    using Command = void (*)(cTextBox& box);
+
     QAction* addEntry(QMenu& menu, const QString& name, const QString& text);
-    QAction* addCommand(const QString& name, const QString& text, QKeySequence::StandardKey key,
-                        void (cTextBox::*command)());
+    QAction* addCommand(const QString& name, const QString& text, QKeySequence::StandardKey key, Command command);
     void addFormat(const QString& name, const QString& text, std::int32_t conversion);
     void makeEntries();
 

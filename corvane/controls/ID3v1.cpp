@@ -28,8 +28,8 @@ ID3v1::ID3v1(QWidget* parent)
             [this] { form_->commentLimit->setLimit(commentLimit(Track())); });
     connect(form_->cmbGenre, &GenreBox::genreChosen, this, [this] { noteEdit(Id3v1Field::Genre); });
     connect(form_->chkID3v1, &QCheckBox::stateChanged, this, [this] { behindWall("ID3v1", [this] { check(); }); });
-    connect(form_->cmdNext, &QToolButton::clicked, this, [this] { step(&Id3v1Tags::next); });
-    connect(form_->cmdPrevious, &QToolButton::clicked, this, [this] { step(&Id3v1Tags::previous); });
+    connect(form_->cmdNext, &QToolButton::clicked, this, [this] { step(Step::Next); });
+    connect(form_->cmdPrevious, &QToolButton::clicked, this, [this] { step(Step::Previous); });
     VisibilityMode(temEditSingle);
 }
 
@@ -148,9 +148,10 @@ std::shared_ptr<ID3V1Tag> ID3v1::ID3v1xTag() const {
 
 std::int32_t ID3v1::TagCount() const { return static_cast<std::int32_t>(tags_->count()); }
 
-void ID3v1::step(void (Id3v1Tags::*direction)()) {
-    behindWall("ID3v1", [&] {
-        (*tags_.*direction)();
+void ID3v1::step(Step direction) {
+    behindWall("ID3v1", [this, direction] {
+        if (direction == Step::Next) tags_->next();
+        if (direction == Step::Previous) tags_->previous();
         showTag();
     });
 }

@@ -144,7 +144,8 @@ private:
     void watch(Id3v1Field field, QLineEdit& box);
     void noteEdit(Id3v1Field field);
     void forgetEdits();
-    void step(void (Id3v1Tags::*direction)());
+    enum class Step : std::uint8_t { Next, Previous };
+    void step(Step direction);
     void showTag();
     void fill(const ID3V1Tag& tag);
     void check();
