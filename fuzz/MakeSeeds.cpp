@@ -115,6 +115,23 @@ Seeds id3v2Tags() {
     return tags;
 }
 
+// A save of every property into every kind of tag, by turns: property, options, length of the value, value, tag.
+Seeds saves() {
+    const std::vector<std::string> values{"new", "", "\xE6\x97\xA5\xE6\x9C\xAC", "[00:01.0] one\n[00:02.5] two"};
+    constexpr unsigned kChoices = 18;
+    Seeds seeds;
+    unsigned number = 0;
+    for (const auto& tag : id3v2Tags()) {
+        for (unsigned choice = 0; choice < kChoices; ++choice) {
+            const std::string& value = values[number++ % values.size()];
+            const unsigned options = number * 5 % 128;
+            const auto length = static_cast<unsigned>(value.size());
+            seeds.push_back(ByteBuilder().byte(choice).byte(options).byte(length).text(value).bytes(tag).done());
+        }
+    }
+    return seeds;
+}
+
 Seeds pictures() { return {jpegImage(40, 30), pngImage(3, 2), gifImage(5, 7), bmpImage(4, 3), bmpImage(4, 3, true)}; }
 
 Seeds wholeFiles() {
@@ -148,6 +165,7 @@ void makeSeeds(const std::filesystem::path& folder) {
     write(folder / "MpegSearchFuzz", frames());
     write(folder / "Id3v2Fuzz", id3v2Tags());
     write(folder / "PictureFuzz", pictures());
+    write(folder / "SaveFuzz", saves());
     write(folder / "WholeFileFuzz", wholeFiles());
 }
 
