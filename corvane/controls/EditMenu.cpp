@@ -107,7 +107,7 @@ void EditMenu::show(const Attached& attached, const QPoint& position) {
     if (!menu_->isVisible()) giveBack();
 }
 
-void EditMenu::giveBack() {
+void EditMenu::giveBack() const {
     if (!current_.box) return;
     current_.box->setEnabled(true);
     current_.box->setFocus(Qt::PopupFocusReason);
@@ -125,7 +125,7 @@ void EditMenu::enableWhatIsPossible() {
     formats_->setEnabled(!box.isLocked() && !box.text().isEmpty());
 }
 
-void EditMenu::convert(std::int32_t conversion) {
+void EditMenu::convert(std::int32_t conversion) const {
     const QString text = EditBox(current_.box).text();
     BatchString batch;
     batch.Conversion(conversion);

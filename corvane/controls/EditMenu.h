@@ -44,8 +44,8 @@ private:
     void run(Body&& body);
     void show(const Attached& attached, const QPoint& position);
     void enableWhatIsPossible();
-    void giveBack();
-    void convert(std::int32_t conversion);
+    void giveBack() const;
+    void convert(std::int32_t conversion) const;
 
     QWidget& owner_;
     QMenu* menu_;

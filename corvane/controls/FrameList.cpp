@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QLocale>
 #include <QStyledItemDelegate>
+#include <algorithm>
+#include <utility>
 
 namespace corvane::controls {
 
@@ -12,6 +14,7 @@ namespace {
 
 enum Column : int { Frame, Value, Description, Language };
 
+constexpr int kLeastRows = 6;               // seen even in a small window
 constexpr qsizetype kShownCharacters = 300; // of one value; a row has no room for more
 
 // A row is one line high, whatever the frame's text is.
@@ -36,9 +39,12 @@ FrameList::FrameList(QWidget* parent) : QTreeWidget(parent) {
     setItemDelegate(new OneLine(this));
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(Value, QHeaderView::Stretch);
-    header()->resizeSection(Frame, fontMetrics().averageCharWidth() * 10);
-    header()->resizeSection(Description, fontMetrics().averageCharWidth() * 18);
-    header()->resizeSection(Language, fontMetrics().averageCharWidth() * 12);
+    for (const auto& [column, characters] :
+         {std::pair(Frame, 10), std::pair(Description, 18), std::pair(Language, 12)}) {
+        const int room = fontMetrics().averageCharWidth() * characters;
+        header()->resizeSection(column, std::max(room, header()->sectionSizeHint(column)));
+    }
+    setMinimumHeight(header()->sizeHint().height() + kLeastRows * fontMetrics().lineSpacing());
 }
 
 void FrameList::showRows(const std::vector<FrameRow>& rows) {

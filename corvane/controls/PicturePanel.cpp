@@ -96,11 +96,13 @@ void PicturePanel::scale() {
         if (picture_) image_->setText(tr("cannot be shown"));
         return;
     }
-    const qreal ratio = devicePixelRatioF();
-    const QSize room = image_->contentsRect().size() * ratio;
-    QPixmap fitting = pixels_.width() > room.width() || pixels_.height() > room.height()
-                          ? pixels_.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                          : pixels_;
+    const QSize room = image_->contentsRect().size();
+    if (pixels_.width() <= room.width() && pixels_.height() <= room.height()) {
+        image_->setPixmap(pixels_);
+        return;
+    }
+    const qreal ratio = devicePixelRatioF(); // of a screen with more pixels than points
+    QPixmap fitting = pixels_.scaled(room * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     fitting.setDevicePixelRatio(ratio);
     image_->setPixmap(fitting);
 }

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTranslator>
 #include <QtTest>
 #include <functional>
 #include <memory>
@@ -29,6 +30,16 @@ QPalette darkPalette() {
     }
     return dark;
 }
+
+// Every text half as long again, as in German.
+class LongTexts : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* text, const char*, int) const override {
+        const QString source = QString::fromUtf8(text);
+        return source.size() < 3 ? source : source + QString(source.size() / 2 + 2, QChar(u'\u00E4'));
+    }
+};
 
 std::shared_ptr<corvane::ID3V1Tag> tag(const char* title, std::int16_t track) {
     auto made = std::make_shared<corvane::ID3V1Tag>();
@@ -126,10 +137,17 @@ int main(int argc, char** argv) {
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     const QPalette light = QApplication::style()->standardPalette();
-    for (const bool dark : {false, true}) {
-        QApplication::setPalette(dark ? darkPalette() : light);
+    const auto takeAll = [&](const char* kind) {
         for (const Scene& scene : scenes(argv[2])) {
-            take(scene, QStringLiteral("%1-%2.png").arg(QLatin1String(scene.name), dark ? "dark" : "light"), folder);
+            take(scene, QStringLiteral("%1-%2.png").arg(QLatin1String(scene.name), QLatin1String(kind)), folder);
         }
-    }
+    };
+    QApplication::setPalette(light);
+    takeAll("light");
+    QApplication::setPalette(darkPalette());
+    takeAll("dark");
+    QApplication::setPalette(light);
+    LongTexts longTexts;
+    QCoreApplication::installTranslator(&longTexts);
+    takeAll("long");
 }
