@@ -98,7 +98,7 @@ void Id3v1Form::addRow(QGridLayout& grid, const QString& text, QLineEdit& field,
     grid.addWidget(&limit, row, 2);
 }
 
-QLayout* Id3v1Form::head() {
+QLayout* Id3v1Form::head() const {
     auto* row = new QHBoxLayout;
     row->addWidget(chkID3v1);
     row->addStretch();

@@ -51,7 +51,7 @@ private:
     QLabel* label(const QString& text, QWidget& field);
     void layOut();
     void addRow(QGridLayout& grid, const QString& text, QLineEdit& field, FieldLimit& limit);
-    QLayout* head();
+    QLayout* head() const;
     QLayout* yearAndTrack();
     void orderTabs() const;
 

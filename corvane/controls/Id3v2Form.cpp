@@ -34,7 +34,7 @@ QLabel* namedLabel(QWidget& parent, const char* name) {
 
 } // namespace
 
-Id3v2Form::Id3v2Form(QWidget& editor) : editor_(editor), grid_(new QGridLayout(&editor)) {
+Id3v2Form::Id3v2Form(QWidget& editor) : grid_(new QGridLayout(&editor)) {
     grpHead = new QWidget(&editor);
     grpTop = new QWidget(&editor);
     grpTop->setObjectName(QStringLiteral("grpTop"));
@@ -69,7 +69,7 @@ void Id3v2Form::makeBoxes() {
     year->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,4}")), year));
 }
 
-void Id3v2Form::layOutHead() {
+void Id3v2Form::layOutHead() const {
     auto* row = new QHBoxLayout(grpHead);
     row->setContentsMargins({});
     row->addWidget(chkID3v2);
@@ -113,7 +113,7 @@ void Id3v2Form::addRow(QGridLayout& grid, const QString& text, std::size_t at) {
     boxes[at]->setAccessibleName(QString(text).remove('&'));
 }
 
-QLabel* Id3v2Form::label(const QString& text, QWidget& field) {
+QLabel* Id3v2Form::label(const QString& text, QWidget& field) const {
     auto* made = new QLabel(text, grpTop);
     made->setBuddy(&field);
     return made;
@@ -166,7 +166,7 @@ void Id3v2Form::setFieldsLocked(bool locked) {
     cmbGenre->setLocked(locked);
 }
 
-void Id3v2Form::tell(const QString& notice) {
+void Id3v2Form::tell(const QString& notice) const {
     lblNotice->setText(notice);
     lblNotice->setVisible(!notice.isEmpty());
 }

@@ -32,7 +32,7 @@ public:
     void setFieldsEnabled(bool enabled);
     void setFieldsLocked(bool locked);
     // Why the tag cannot be saved; nothing is shown for "".
-    void tell(const QString& notice);
+    void tell(const QString& notice) const;
 
     // A text box, by its row in kId3v2Texts.
     QString text(std::size_t at) const;
@@ -51,13 +51,12 @@ public:
 
 private:
     void makeBoxes();
-    void layOutHead();
+    void layOutHead() const;
     void layOutTop();
     void addRow(QGridLayout& grid, const QString& text, std::size_t at);
-    QLabel* label(const QString& text, QWidget& field);
+    QLabel* label(const QString& text, QWidget& field) const;
     void orderTabs() const;
 
-    QWidget& editor_;
     QGridLayout* grid_;
 };
 

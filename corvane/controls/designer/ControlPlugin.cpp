@@ -3,6 +3,8 @@
 #include <QIcon>
 #include <QXmlStreamWriter>
 
+#include <utility>
+
 namespace corvane::controls {
 
 namespace {
@@ -21,7 +23,7 @@ void writeGeometry(QXmlStreamWriter& xml, const QSize& size) {
 
 } // namespace
 
-ControlPlugin::ControlPlugin(const ControlKind& kind, QObject* parent) : QObject(parent), kind_(kind) {}
+ControlPlugin::ControlPlugin(ControlKind kind, QObject* parent) : QObject(parent), kind_(std::move(kind)) {}
 
 QString ControlPlugin::name() const { return QLatin1String(kind_.className); }
 

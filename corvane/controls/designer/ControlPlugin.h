@@ -34,7 +34,7 @@ class ControlPlugin : public QObject, public QDesignerCustomWidgetInterface {
     Q_INTERFACES(QDesignerCustomWidgetInterface)
 
 public:
-    ControlPlugin(const ControlKind& kind, QObject* parent);
+    ControlPlugin(ControlKind kind, QObject* parent);
 
     QString name() const override;
     QString group() const override;
