@@ -2,21 +2,12 @@
 
 #include "corvane/controls/Text.h"
 
-#include <QEvent>
-
 namespace corvane::controls {
 
-namespace {
-
-constexpr int kDarkerThan = 128; // lightness from 0 to 255
-
-} // namespace
-
-FieldLimit::FieldLimit(QLineEdit& box, int limit, QWidget* parent) : QLabel(parent), box_(box), limit_(limit) {
+FieldLimit::FieldLimit(QLineEdit& box, int limit, QWidget* parent) : WarningLabel(parent), box_(box), limit_(limit) {
     setObjectName(QStringLiteral("lblLimit") + box.objectName().mid(3));
     setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000/00")));
     connect(&box, &QLineEdit::textChanged, this, [this] { look(); });
-    colour();
     look();
 }
 
@@ -34,21 +25,6 @@ void FieldLimit::look() {
     setToolTip(hint);
     box_.setToolTip(hint);
     box_.setAccessibleDescription(hint);
-}
-
-// A warning has to stand out on light and on dark windows; palettes have no role for it.
-void FieldLimit::colour() {
-    const bool dark = palette().color(QPalette::Window).lightness() < kDarkerThan;
-    const QColor warning = dark ? QColor(0xFF, 0xB0, 0x57) : QColor(0xA8, 0x4B, 0x00);
-    if (palette().color(QPalette::WindowText) == warning) return;
-    QPalette own;
-    own.setColor(QPalette::WindowText, warning);
-    setPalette(own);
-}
-
-void FieldLimit::changeEvent(QEvent* event) {
-    QLabel::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) colour();
 }
 
 } // namespace corvane::controls

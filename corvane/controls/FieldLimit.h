@@ -2,12 +2,13 @@
 // the text fits.
 #pragma once
 
-#include <QLabel>
+#include "corvane/controls/WarningLabel.h"
+
 #include <QLineEdit>
 
 namespace corvane::controls {
 
-class FieldLimit : public QLabel {
+class FieldLimit : public WarningLabel {
     Q_OBJECT
 
 public:
@@ -17,12 +18,8 @@ public:
     int limit() const { return limit_; }
     void setLimit(int limit);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void look();
-    void colour();
 
     QLineEdit& box_; // a neighbour: both belong to one parent
     int limit_;      // characters

@@ -23,7 +23,9 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
-        return value.toString().left(kShownCharacters).simplified();
+        QString text = value.toString().left(kShownCharacters).simplified();
+        text.removeIf([](QChar character) { return character.category() == QChar::Other_Control; });
+        return text;
     }
 };
 

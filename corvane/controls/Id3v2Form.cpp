@@ -42,7 +42,9 @@ Id3v2Form::Id3v2Form(QWidget& editor) : grid_(new QGridLayout(&editor)) {
     chkID3v2->setObjectName(QStringLiteral("chkID3v2"));
     lblVersion = namedLabel(*grpHead, "lblVersion");
     lblSize = namedLabel(*grpHead, "lblSize");
-    lblNotice = namedLabel(editor, "lblNotice");
+    lblNotice = new WarningLabel(&editor);
+    lblNotice->setObjectName(QStringLiteral("lblNotice"));
+    lblNotice->setTextFormat(Qt::PlainText);
     lblNotice->setWordWrap(true);
     lblNotice->hide();
     grpPicture = new PicturePanel(&editor);

@@ -8,6 +8,7 @@
 #include "corvane/controls/Id3v2Values.h"
 #include "corvane/controls/LyricsPanel.h"
 #include "corvane/controls/PicturePanel.h"
+#include "corvane/controls/WarningLabel.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -46,7 +47,7 @@ public:
     LyricsPanel* grpBottom;
     FrameList* lvwFrames;
     QWidget *grpHead, *grpTop;
-    QLabel* lblNotice;
+    WarningLabel* lblNotice;
     EditMenu* editMenu;
 
 private:

@@ -6,6 +6,7 @@
 #include "tests/controls/Registry.h"
 
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
 #include <QtTest>
 
 using namespace corvane::controls;
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void binaryFramesTellTheirSize_data();
     void binaryFramesTellTheirSize();
     void aLargeBinaryFrameIsListedWithSeparators();
+    void aRowIsOneLineHigh();
     void aHiddenListKeepsItsRows();
 };
 
@@ -183,6 +185,16 @@ void ID3v2Test::binaryFramesTellTheirSize() {
 void ID3v2Test::aLargeBinaryFrameIsListedWithSeparators() {
     give(Id3v2Builder().text("TIT2", "Title").frame("PRIV", corvane::ByteArray(1234567, 1)).padding(20));
     QCOMPARE(row(1).at(1), "Binary (1,234,567 Bytes)");
+}
+
+void ID3v2Test::aRowIsOneLineHigh() {
+    give(fullTag());
+    const auto* lyrics = list().findItems("USLT", Qt::MatchExactly, 0).value(0);
+    QVERIFY(lyrics->text(1).contains('\n')); // kept whole
+    const auto* delegate = qobject_cast<QStyledItemDelegate*>(list().itemDelegate());
+    QCOMPARE(delegate->displayText(lyrics->text(1), QLocale::c()), "one two");
+    QCOMPARE(delegate->displayText(QString("\u0003text\u0007"), QLocale::c()), "text");
+    QCOMPARE(list().visualItemRect(lyrics).height(), list().visualItemRect(list().topLevelItem(0)).height());
 }
 
 void ID3v2Test::aHiddenListKeepsItsRows() {
