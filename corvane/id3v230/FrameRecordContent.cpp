@@ -21,8 +21,14 @@ std::string text(const Value& value) {
 
 } // namespace
 
-std::string withApostrophes(std::string text) {
+bool replaceQuotes(std::string& text) {
+    if (text.find('"') == std::string::npos) return false;
     std::replace(text.begin(), text.end(), '"', '\'');
+    return true;
+}
+
+std::string withApostrophes(std::string text) {
+    replaceQuotes(text);
     return text;
 }
 

@@ -11,6 +11,13 @@
 namespace corvane {
 
 struct ID3V230Frame::Content {
+    // What the frame said before the first change since it was read or written.
+    struct Original {
+        FrameVariant value;
+        std::string description;
+        Variant language;
+    };
+
     bool isHidden = false; // nobody can know what the frame says
     FrameVariant value;
     std::string description;
@@ -18,10 +25,15 @@ struct ID3V230Frame::Content {
     PictureHead pictureHead;
     std::optional<std::shared_ptr<corvane::Picture>> picture; // once it was asked for or set
     bool pictureWasSet = false;
+    bool isAsRead = false;                 // nothing was set, and no double quote was replaced
+    std::unique_ptr<Original> original;    // nothing where that is not known
     std::optional<ByteArray> pictureBytes; // those that the library set
 };
 
-// The text with every double quote as an apostrophe: tags have been kept like that, and hosts compare with it.
+// Makes every double quote of the text an apostrophe: tags have been kept like that, and hosts compare with it. Whether
+// there was any.
+bool replaceQuotes(std::string& text);
+// The text as it is saved.
 std::string withApostrophes(std::string text);
 
 // A value as text: numbers in decimal; "" for nothing and for pictures.

@@ -39,13 +39,28 @@ ID3V230Frame::Content& ID3V230Frame::content() const {
         FrameContent read = found ? std::move(*found) : FrameContent();
         content->value = std::move(read.value);
         auto* text = std::get_if<std::string>(&content->value);
-        if (text != nullptr && !isBinary(*source_)) *text = withApostrophes(std::move(*text));
-        content->description = withApostrophes(std::move(read.description));
+        content->isAsRead = (text == nullptr || isBinary(*source_) || !replaceQuotes(*text));
+        content->description = std::move(read.description);
+        if (replaceQuotes(content->description)) content->isAsRead = false;
         if (!read.language.empty()) content->language = std::move(read.language);
         content->pictureHead = std::move(read.picture);
     }
     content_ = std::move(content);
     return *content_;
+}
+
+ID3V230Frame::Content& ID3V230Frame::changed() {
+    Content& now = content();
+    if (now.isAsRead) {
+        now.original = std::make_unique<Content::Original>(Content::Original{now.value, now.description, now.language});
+        now.isAsRead = false;
+    }
+    return now;
+}
+
+void ID3V230Frame::eType(std::int16_t value) {
+    changed();
+    type_ = value;
 }
 
 FrameVariant ID3V230Frame::vValue() const {
@@ -61,16 +76,16 @@ void ID3V230Frame::vValue(FrameVariant value) {
         Picture(*picture);
         value = NoValue();
     }
-    content().value = std::move(value);
+    changed().value = std::move(value);
 }
 
 std::string ID3V230Frame::sDescription() const { return content().description; }
 
-void ID3V230Frame::sDescription(std::string value) { content().description = std::move(value); }
+void ID3V230Frame::sDescription(std::string value) { changed().description = std::move(value); }
 
 Variant ID3V230Frame::vLanguage() const { return content().language; }
 
-void ID3V230Frame::vLanguage(Variant value) { content().language = std::move(value); }
+void ID3V230Frame::vLanguage(Variant value) { changed().language = std::move(value); }
 
 std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
     Content& now = content();
@@ -79,7 +94,7 @@ std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
 }
 
 void ID3V230Frame::Picture(std::shared_ptr<corvane::Picture> value) {
-    Content& now = content();
+    Content& now = changed();
     now.picture = std::move(value);
     now.pictureWasSet = true;
     now.pictureBytes.reset();
@@ -117,6 +132,6 @@ ByteArray ID3V230Frame::PictureRAW() const {
     return payload;
 }
 
-void ID3V230Frame::setPictureBytes(ByteArray bytes) { content().pictureBytes = std::move(bytes); }
+void ID3V230Frame::setPictureBytes(ByteArray bytes) { changed().pictureBytes = std::move(bytes); }
 
 } // namespace corvane

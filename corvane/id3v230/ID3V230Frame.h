@@ -32,7 +32,7 @@ public:
 
     // The number of the frame (ID3_FrameID); 0 for a frame that the library does not know.
     std::int16_t eType() const { return type_; }
-    void eType(std::int16_t value) { type_ = value; }
+    void eType(std::int16_t value);
     // The number of the frame in the tag that it was read from, from 1; 0 for a record made in memory.
     std::int32_t FrameHandle() const { return handle_; }
     void FrameHandle(std::int32_t value) { handle_ = value; }
@@ -84,6 +84,7 @@ private:
     ID3V230Frame();
     explicit ID3V230Frame(std::unique_ptr<FrameSource> source);
     Content& content() const;
+    Content& changed();
     void setPictureBytes(ByteArray bytes);
 
     std::int16_t type_ = 0;

@@ -25,9 +25,14 @@ struct Internals<ID3V230Frame> {
     static void setPictureBytes(ID3V230Frame& record, ByteArray bytes) { record.setPictureBytes(std::move(bytes)); }
     // The frame that the record was read from; nullptr for one made in memory.
     static const FrameSource* source(const ID3V230Frame& record) { return record.source_.get(); }
-    // From now on the record's frame is this one. Gives the one before.
-    static void source(ID3V230Frame& record, std::unique_ptr<FrameSource>& source) noexcept {
-        record.source_.swap(source);
+    // The record was written as this frame. `source` is taken over by a record that was made in memory.
+    static void moveTo(ID3V230Frame& record, const std::shared_ptr<TagImage>& tag, std::size_t index,
+                       std::unique_ptr<FrameSource>& source) noexcept {
+        if (!record.source_) record.source_ = std::move(source);
+        record.source_->moveTo(tag, index);
+        if (!record.content_) return;
+        record.content_->isAsRead = true;
+        record.content_->original.reset();
     }
     static const ID3V230Frame::Content& content(const ID3V230Frame& record) { return record.content(); }
 };

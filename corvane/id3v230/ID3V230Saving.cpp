@@ -20,10 +20,10 @@ struct EncodedRecords {
     std::vector<ByteArray> frames; // of the records that were changed, in order
 };
 
-EncodedRecords encodedOf(const std::vector<RecordToWrite>& records) {
+EncodedRecords encodedOf(std::vector<RecordToWrite>& records) {
     std::vector<FrameToWrite> changed;
-    for (const RecordToWrite& record : records) {
-        if (record.changed) changed.push_back(*record.changed);
+    for (RecordToWrite& record : records) {
+        if (record.changed) changed.push_back(std::move(*record.changed));
     }
     try {
         return {{}, encodedFrames(changed)};
@@ -50,11 +50,14 @@ std::vector<TagFrame> framesOf(const std::vector<RecordToWrite>& records, std::v
     return frames;
 }
 
-// The places of the records' frames once they are saved. They are made before, since nothing may fail when the file has
+// The places of new records' frames once they are saved. They are made before, since nothing may fail when the file has
 // been written.
 std::vector<std::unique_ptr<FrameSource>> newSources(const std::vector<RecordToWrite>& records) {
     std::vector<std::unique_ptr<FrameSource>> sources(records.size());
-    for (auto& source : sources) source = std::make_unique<FrameSource>(nullptr, 0);
+    for (std::size_t index = 0; index < records.size(); ++index) {
+        if (Internals<ID3V230Frame>::source(*records[index].record) == nullptr)
+            sources[index] = std::make_unique<FrameSource>(nullptr, 0);
+    }
     return sources;
 }
 
@@ -62,8 +65,7 @@ std::vector<std::unique_ptr<FrameSource>> newSources(const std::vector<RecordToW
 void followSavedTag(const std::vector<RecordToWrite>& records, std::vector<std::unique_ptr<FrameSource>>& sources,
                     const std::shared_ptr<TagImage>& saved) noexcept {
     for (std::size_t index = 0; index < records.size(); ++index) {
-        sources[index]->moveTo(saved, index);
-        Internals<ID3V230Frame>::source(*records[index].record, sources[index]);
+        Internals<ID3V230Frame>::moveTo(*records[index].record, saved, index, sources[index]);
     }
 }
 
@@ -80,7 +82,7 @@ bool ID3V230::SaveTag() {
     return succeeds([this] {
         requireTag();
         cleanQuotes(*frames_);
-        const std::vector<RecordToWrite> records = recordsToWrite(*frames_);
+        std::vector<RecordToWrite> records = recordsToWrite(*frames_);
         EncodedRecords encoded = encodedOf(records);
         if (!encoded.change) return encoded.change;
         auto sources = newSources(records);

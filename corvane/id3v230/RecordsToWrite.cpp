@@ -29,9 +29,14 @@ bool hasNoValue(const FrameVariant& value) {
 // Whether the record says what the bytes of its frame say.
 bool isAsRead(const ID3V230Frame& record) {
     const FrameSource* source = Record::source(record);
-    if (source == nullptr || static_cast<std::int16_t>(source->number()) != record.eType()) return false;
     const auto& now = Record::content(record);
+    if (now.isAsRead) return true;
+    if (source == nullptr || static_cast<std::int16_t>(source->number()) != record.eType()) return false;
     if (now.pictureWasSet) return false;
+    if (now.original) {
+        return valueText(now.value) == valueText(now.original->value) && now.description == now.original->description &&
+               now.language == now.original->language;
+    }
     const FrameContent read = source->content().value_or(FrameContent());
     return valueText(now.value) == valueText(read.value) && now.description == read.description &&
            valueText(now.language) == read.language;
@@ -81,15 +86,19 @@ std::optional<RecordToWrite> toWrite(const std::shared_ptr<ID3V230Frame>& record
 void cleanQuotes(const ID3V230Frames& records) {
     for (const auto& record : records) {
         const auto& now = Record::content(*record);
+        if (now.isAsRead) continue;
+        std::string description = now.description;
+        if (replaceQuotes(description)) record->sDescription(std::move(description));
         const auto* text = std::get_if<std::string>(&now.value);
-        const bool isCleaned = text != nullptr && !isUntouchedIdentifier(*record);
-        if (isCleaned && text->find('"') != std::string::npos) record->vValue(withApostrophes(*text));
-        if (now.description.find('"') != std::string::npos) record->sDescription(withApostrophes(now.description));
+        if (text == nullptr || isUntouchedIdentifier(*record)) continue;
+        std::string value = *text;
+        if (replaceQuotes(value)) record->vValue(std::move(value));
     }
 }
 
 std::vector<RecordToWrite> recordsToWrite(const ID3V230Frames& records) {
     std::vector<RecordToWrite> frames;
+    frames.reserve(static_cast<std::size_t>(records.Count()));
     for (const auto& record : records) {
         if (auto frame = toWrite(record)) frames.push_back(std::move(*frame));
     }

@@ -1,6 +1,7 @@
 #include "corvane/id3v230/TagGatherer.h"
 
 #include "corvane/platform/ByteReader.h"
+#include "corvane/platform/Zeros.h"
 
 #include <algorithm>
 #include <array>
@@ -21,9 +22,7 @@ bool holdsText(std::string_view id) {
     return id.front() == 'T' || id.front() == 'W' || std::ranges::find(kTextIds, id) != kTextIds.end();
 }
 
-bool isEmpty(Bytes padding) {
-    return std::ranges::all_of(padding, [](std::uint8_t byte) { return byte == 0; });
-}
+bool isEmpty(Bytes padding) { return isAllZero(padding); }
 
 class BodySource {
 public:

@@ -4,6 +4,7 @@
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/platform/Zeros.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -25,8 +26,6 @@ ByteArray readUnchanged(const TagImage& image, std::uint64_t offset, std::size_t
     if (bytes.size() != count || file.identity() != known || !file.isUnchanged()) throw changedFailure();
     return bytes;
 }
-
-bool isZero(std::uint8_t byte) { return byte == 0; }
 
 } // namespace
 
@@ -81,7 +80,7 @@ std::optional<TagImage::Refusal> TagImage::refusal() const {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(kPaddingBlock, padding_.size - done));
         const Bytes block = file.view(padding_.offset + done, count);
         if (block.size() != count) throw changedFailure();
-        if (!std::ranges::all_of(block, isZero)) return paddingRefusal();
+        if (!isAllZero(block)) return paddingRefusal();
     }
     return std::nullopt;
 }

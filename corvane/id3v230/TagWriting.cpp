@@ -7,6 +7,7 @@
 #include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/InPlaceFile.h"
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/platform/Zeros.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -77,7 +78,7 @@ public:
         const Bytes old = bytes_;
         const ByteArray separate = atOnce ? ByteArray() : read(padding, loaded.padding().size);
         const Bytes rest = atOnce ? readerAt(old, static_cast<std::size_t>(padding - begin_)).takeRest() : separate;
-        hasEmptyPadding_ = std::ranges::all_of(rest, [](std::uint8_t byte) { return byte == 0; });
+        hasEmptyPadding_ = isAllZero(rest);
     }
 
     bool hasEmptyPadding() const { return hasEmptyPadding_; }

@@ -1,5 +1,7 @@
 #include "corvane/platform/FileSizeLimitGuard.h"
 
+#include <sys/resource.h>
+
 #include <ctime>
 
 namespace corvane {
@@ -18,14 +20,22 @@ bool isPending() {
     return sigpending(&pending) == 0 && sigismember(&pending, SIGXFSZ) == 1;
 }
 
+bool hasLimit() {
+    rlimit limit{};
+    return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
+}
+
 } // namespace
 
-FileSizeLimitGuard::FileSizeLimitGuard() : wasPending_(isPending()) {
+FileSizeLimitGuard::FileSizeLimitGuard() : isLimited_(hasLimit()) {
+    if (!isLimited_) return;
+    wasPending_ = isPending();
     const sigset_t blocked = onlyFileSizeSignal();
     pthread_sigmask(SIG_BLOCK, &blocked, &before_);
 }
 
 FileSizeLimitGuard::~FileSizeLimitGuard() {
+    if (!isLimited_) return;
     if (!wasPending_ && isPending()) {
         // Takes the signal that our own write has raised, so that it does not strike when it is let through again.
         const sigset_t taken = onlyFileSizeSignal();

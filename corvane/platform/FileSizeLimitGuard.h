@@ -14,8 +14,9 @@ public:
     FileSizeLimitGuard& operator=(const FileSizeLimitGuard&) = delete;
 
 private:
-    sigset_t before_;
-    bool wasPending_;
+    bool isLimited_; // without a limit there is nothing to guard against
+    bool wasPending_ = false;
+    sigset_t before_{};
 };
 
 } // namespace corvane
