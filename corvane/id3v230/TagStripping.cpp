@@ -48,7 +48,10 @@ Cut leadingTag(FileReader& file) {
 
 Cut trailingTag(FileReader& file, ID3_TagType kind) {
     const FoundTrailingTag found = findTrailingTag(file, kind);
-    if (found.isDamaged) return refused(Id3libError::BadData, "the beginning of the tag cannot be found");
+    // Where the end of a tag has lost its beginning, the one that is found may be a text in the tag at the start.
+    const bool isInLeadingTag = found.tag && found.tag->offset < leadingTag(file).size;
+    if (found.isDamaged || isInLeadingTag)
+        return refused(Id3libError::BadData, "the beginning of the tag cannot be found");
     return found.tag ? Cut{{}, found.tag->offset, found.tag->size} : Cut{};
 }
 

@@ -14,8 +14,8 @@ namespace corvane {
 //   ID3TT_ID3V2       at the start of the file, of version 2.2, 2.3 or 2.4, with its footer. Zeros behind it stay.
 //   ID3TT_ID3V1       the record that ends the file
 //   ID3TT_LYRICS3, ID3TT_LYRICS3V2, ID3TT_MUSICMATCH   among the tags that end the file; the others stay
-// It is a success when there is none. A tag that does not lie within the file as it claims is BadData, and nothing is
-// changed; so it is with every other failure.
+// It is a success when there is none. A tag that does not lie within the file as it claims, or lies in the ID3v2
+// tag at its start, is BadData, and nothing is changed; so it is with every other failure.
 TagChange stripTag(const std::string& path, ID3_TagType kind);
 
 // The same for every kind whose bit (1, 2, 4, 8, 16) is set, in the order of the bits. Ends at the first failure.

@@ -9,6 +9,7 @@
 #include "tests/support/Id3v1Builder.h"
 #include "tests/support/LyricsBuilder.h"
 #include "tests/support/Mp3File.h"
+#include "tests/support/MpegBuilder.h"
 #include "tests/support/MusicMatchBuilder.h"
 #include "tests/support/Process.h"
 
@@ -205,6 +206,21 @@ TEST(TagStripping, ADamagedTrailingTagIsLeftAlone) {
     EXPECT_EQ(change.error, Id3libError::BadData);
     EXPECT_EQ(change.text, "the beginning of the tag cannot be found");
     EXPECT_EQ(test::contentOf(path), content);
+}
+
+// Words of the lyrics in the ID3v2 tag of a short file, and a trailing tag without its own beginning.
+TEST(TagStripping, ATrailingTagDoesNotBeginInTheLeadingOne) {
+    const ByteArray talk = Id3v2Builder().frame("USLT", test::commentFrame("", "LYRICSBEGIN, it said")).done();
+    const ByteArray likeARecord = Id3v2Builder().raw(bytesOf("TAG")).padding(125).done();
+    const ScratchFolder folder;
+    for (const auto& [kind, content] : {
+             std::pair{ID3TT_LYRICS3, joined({talk, test::mpegFrame({}), bytesOf("LYRICSEND"), record()})},
+             std::pair{ID3TT_ID3V1, likeARecord},
+         }) {
+        const std::string path = folder.write("f", content);
+        EXPECT_EQ(stripTag(path, kind).error, Id3libError::BadData);
+        EXPECT_EQ(test::contentOf(path), content);
+    }
 }
 
 // 4.5 GB, of which the file system holds only what is written here: a tag, and bytes here and there.
