@@ -10,6 +10,7 @@
 #include "tests/support/ImageBuilder.h"
 #include "tests/support/LyricsBuilder.h"
 #include "tests/support/MpegBuilder.h"
+#include "tests/support/MusicMatchBuilder.h"
 
 #include <exception>
 #include <filesystem>
@@ -146,6 +147,26 @@ Seeds wholeFiles() {
     return files;
 }
 
+// Kinds of tags, and a file with all that there are.
+Seeds strips() {
+    Seeds files = wholeFiles();
+    const auto record = Id3v1Builder().title("Title").done();
+    for (const bool hasHeader : {false, true}) {
+        const auto musicMatch = test::musicMatch({.hasHeader = hasHeader, .imageSize = 30});
+        files.push_back(joined({usualTag(3).done(), mpegFrame({}), musicMatch, lyricsFields().done(), record}));
+        files.push_back(joined({mpegFrame({}), lyricsV100("la la"), musicMatch, record}));
+    }
+    const auto talk = Id3v2Builder().frame("USLT", commentFrame("", "LYRICSBEGIN, it said")).done();
+    files.push_back(joined({talk, mpegFrame({}), bytesOf("LYRICSEND"), record}));
+    Seeds seeds;
+    for (const auto& file : files) {
+        for (const unsigned kinds : {1U, 2U, 4U, 8U, 16U, 31U}) {
+            seeds.push_back(ByteBuilder().byte(kinds).bytes(file).done());
+        }
+    }
+    return seeds;
+}
+
 void write(const std::filesystem::path& folder, const Seeds& seeds) {
     std::filesystem::create_directories(folder);
     for (std::size_t number = 0; number < seeds.size(); ++number) {
@@ -166,6 +187,7 @@ void makeSeeds(const std::filesystem::path& folder) {
     write(folder / "Id3v2Fuzz", id3v2Tags());
     write(folder / "PictureFuzz", pictures());
     write(folder / "SaveFuzz", saves());
+    write(folder / "StripFuzz", strips());
     write(folder / "WholeFileFuzz", wholeFiles());
 }
 
