@@ -64,7 +64,7 @@ PicturePanel::PicturePanel(QWidget* parent)
     clear_->setObjectName(QStringLiteral("cmdClearPicture"));
     connect(load_, &QPushButton::clicked, this, [this] { behindWall("PicturePanel", [this] { choose(); }); });
     connect(clear_, &QPushButton::clicked, this, [this] {
-        showPicture(nullptr);
+        behindWall("PicturePanel", [this] { showPicture(nullptr); });
         Q_EMIT pictureChanged();
     });
     auto* grid = new QGridLayout(this);
