@@ -41,7 +41,7 @@ bool isAscii(std::string_view text) {
 // What most changes are: a plain text of ASCII characters, whose bytes are its characters. Nothing for other frames.
 std::optional<ByteArray> asciiTextFrame(const FrameToWrite& frame) {
     const auto* text = std::get_if<std::string>(&frame.value);
-    const bool isPlain = text != nullptr && frame.description.empty() && frame.language.empty() &&
+    const bool isPlain = text != nullptr && !text->empty() && frame.description.empty() && frame.language.empty() &&
                          isPlainText(frame.frame) && text->size() < kMostBytes / 2 && isAscii(*text);
     if (!isPlain) return std::nullopt;
     const auto number = static_cast<std::int32_t>(frame.frame);
