@@ -14,7 +14,7 @@ struct Names {
 
 // By frame number. "infromation" is spelt like that on purpose: hosts compare these texts.
 constexpr std::array<Names, 77> kNames{{
-    {"\?\?\?\?", "No known frame"},
+    {R"(????)", "No known frame"},
     {"AENC", "Audio encryption"},
     {"APIC", "Attached picture"},
     {"COMM", "Comments"},

@@ -69,7 +69,8 @@ void ID3V230::Preference(std::string_view value) { setText(ID3FID_COMMENT, value
 std::int16_t ID3V230::TotalTracks() const {
     const std::string track = Track();
     const std::size_t slash = track.find('/');
-    return slash == std::string::npos ? 0 : leadingNumber(std::string_view(track).substr(slash + 1), "TotalTracks");
+    return slash == std::string::npos ? std::int16_t{0}
+                                      : leadingNumber(std::string_view(track).substr(slash + 1), "TotalTracks");
 }
 
 void ID3V230::TotalTracks(std::int16_t value) { setText(ID3FID_TRACKNUM, Track() + '/' + std::to_string(value)); }

@@ -2,7 +2,6 @@
 
 #include <QIcon>
 #include <QXmlStreamWriter>
-
 #include <utility>
 
 namespace corvane::controls {
