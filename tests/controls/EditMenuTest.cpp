@@ -63,6 +63,7 @@ private Q_SLOTS:
     void theBoxesOwnMenuIsGone();
     void entriesHaveMnemonicsOfTheirOwn();
     void aBoxThatDiesUnderItsMenuIsForgotten();
+    void theWindowMayDieUnderItsMenu();
 
 private:
     static void kinds();
@@ -285,6 +286,12 @@ void EditMenuTest::aBoxThatDiesUnderItsMenuIsForgotten() {
     entry("mnuEditSelectAll").trigger();
     QTest::keyClick(&menu(), Qt::Key_Escape);
     QVERIFY(!menu().isVisible());
+}
+
+void EditMenuTest::theWindowMayDieUnderItsMenu() {
+    open(window_->line);
+    window_.reset();
+    QVERIFY(!QApplication::activePopupWidget());
 }
 
 static const bool kRegistered = registerTest<EditMenuTest>("EditMenuTest");
