@@ -67,6 +67,25 @@ TEST(Threads, ReadOneFileThroughHandlersOfTheirOwn) {
               0);
 }
 
+// A title of the library's own making and a comment of id3lib's, which is loaded by whichever thread comes first.
+TEST(Threads, SaveTagsOfFilesOfTheirOwn) {
+    const test::ScratchFolder folder;
+    for (int thread = 0; thread < kThreads; ++thread)
+        folder.write(std::to_string(thread) + ".mp3", fileWithEveryTag());
+    EXPECT_EQ(failuresIn([&](int thread, int round) {
+                  const std::string path = folder.path(std::to_string(thread) + ".mp3");
+                  const std::string text = std::to_string(thread) + " in round " + std::to_string(round);
+                  FileHandler file;
+                  if (!file.Create(path) || file.ID3V2Tag()->Genre() != "(17)Rock") return false;
+                  file.ID3V2Tag()->Title(text);
+                  file.ID3V2Tag()->Comment(text);
+                  FileHandler again;
+                  return file.ID3V2Tag()->saveTag() && again.Create(path) && again.ID3V2Tag()->Title() == text &&
+                         again.ID3V2Tag()->Comment() == text;
+              }),
+              0);
+}
+
 TEST(Threads, RenderTheSameDocument) {
     const test::ScratchFolder folder;
     const auto path = folder.write("shared.mp3", fileWithEveryTag());
