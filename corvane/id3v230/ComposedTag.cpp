@@ -12,6 +12,8 @@ namespace corvane {
 
 namespace {
 
+constexpr std::size_t kUsualMemory = 2000; // bytes; room for most tags without their pictures
+
 std::uint8_t keptFlags(const TagImage& loaded) { return loaded.flags() & TagHead::kExperimental; }
 
 bool hasHeader(const TagImage& loaded, Bytes header) {
@@ -48,31 +50,39 @@ bool isTheSame(const RawFrame& found, const TagFrame& wanted) {
 ComposedTag::ComposedTag(const TagImage& loaded, std::span<const TagFrame> frames, std::uint64_t size)
     : loaded_(loaded), size_(size) {
     pieces_.reserve(frames.size() + 1);
+    memory_.reserve(kUsualMemory);
     const auto header = encodedTagHead(keptFlags(loaded), static_cast<std::uint32_t>(size - TagHead::kByteCount));
-    add({.offset = 0,
-         .size = header.size(),
-         .bytes = ByteArray(header.begin(), header.end()),
-         .source = 0,
-         .isInPlace = hasHeader(loaded, header)});
+    Piece piece;
+    piece.size = header.size();
+    piece.isInPlace = hasHeader(loaded, header);
+    add(piece);
+    addBytes(header);
     for (const TagFrame& frame : frames) add(frame);
 }
 
 void ComposedTag::add(Piece piece) {
-    if (!pieces_.empty()) piece.offset = pieces_.back().end();
-    pieces_.push_back(std::move(piece));
+    piece.offset = pieces_.empty() ? 0 : paddingOffset();
+    if (!piece.isCopied) piece.source = memory_.size();
+    pieces_.push_back(piece);
 }
 
 void ComposedTag::add(const TagFrame& frame) {
     Piece piece;
     piece.size = frame.size();
     piece.isInPlace = isInPlace(loaded_, frame, paddingOffset());
+    piece.isCopied = !frame.isMade() && !loaded_.isInMemory(frame.carried);
     piece.source = frame.carried.offset;
-    if (frame.isMade()) {
-        piece.bytes = frame.made;
-    } else if (loaded_.isInMemory(frame.carried)) {
-        piece.bytes = loaded_.bytes(frame.carried);
-    }
-    add(std::move(piece));
+    add(piece);
+    if (piece.isCopied) return;
+    if (frame.isMade()) return addBytes(frame.made);
+    addBytes(encodedFrameHeader(frame.carried));
+    addBytes(loaded_.head(frame.carried));
+}
+
+void ComposedTag::addBytes(Bytes bytes) { memory_.insert(memory_.end(), bytes.begin(), bytes.end()); }
+
+Bytes ComposedTag::bytesFrom(const Piece& piece, std::uint64_t size) const {
+    return Bytes(memory_).subspan(static_cast<std::size_t>(piece.source), static_cast<std::size_t>(size));
 }
 
 ComposedTag::Range ComposedTag::changedRange() const {
@@ -98,7 +108,7 @@ const ComposedTag::Piece* ComposedTag::pieceAt(std::uint64_t offset) const {
 
 // The bytes of a piece from `inside` on that are in memory. A copied piece is a frame of the loaded tag.
 Bytes ComposedTag::knownPart(const Piece& piece, std::uint64_t inside) const {
-    if (!piece.isCopied()) return Bytes(piece.bytes).subspan(static_cast<std::size_t>(inside));
+    if (!piece.isCopied) return bytesFrom(piece, piece.size).subspan(static_cast<std::size_t>(inside));
     if (inside < RawFrame::kHeaderSize) return Bytes(frameHeader_).subspan(static_cast<std::size_t>(inside));
     const Bytes head = loaded_.head(*frameAt(loaded_, piece.source));
     return readerAt(head, static_cast<std::size_t>(inside) - RawFrame::kHeaderSize).takeRest();
@@ -108,7 +118,7 @@ Bytes ComposedTag::view(std::uint64_t offset, std::size_t count) {
     static constexpr std::array<std::uint8_t, RawFrame::kHeaderSize> kPadding{};
     const Piece* piece = pieceAt(offset);
     if (piece == nullptr) return Bytes(kPadding).first(std::min(count, kPadding.size()));
-    if (piece->isCopied()) frameHeader_ = encodedFrameHeader(*frameAt(loaded_, piece->source));
+    if (piece->isCopied) frameHeader_ = encodedFrameHeader(*frameAt(loaded_, piece->source));
     const Bytes known = knownPart(*piece, offset - piece->offset);
     return known.first(std::min(count, known.size()));
 }

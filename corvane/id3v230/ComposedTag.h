@@ -34,10 +34,9 @@ public:
     struct Piece {
         std::uint64_t offset = 0; // in the new file
         std::uint64_t size = 0;
-        ByteArray bytes;          // empty where it is copied from the old file
-        std::uint64_t source = 0; // offset in the old file
-        bool isInPlace = false;   // the old file has these bytes at this offset
-        bool isCopied() const { return bytes.empty(); }
+        std::uint64_t source = 0; // offset in the old file where it is copied from there, else in the bytes in memory
+        bool isCopied = false;
+        bool isInPlace = false; // the old file has these bytes at this offset
         std::uint64_t end() const { return offset + size; }
     };
     // Bytes of the file, [begin, end).
@@ -55,6 +54,8 @@ public:
     std::uint64_t paddingOffset() const { return pieces_.back().end(); }
     // Without the padding.
     std::span<const Piece> pieces() const { return pieces_; }
+    // `size` bytes from the beginning of a piece that is not copied; such pieces follow one another without a gap.
+    Bytes bytesFrom(const Piece& piece, std::uint64_t size) const;
 
     // What of the old tag has to be overwritten for the new one to stand there; the whole of it when it has another
     // size. That the old padding is empty is taken for granted.
@@ -71,12 +72,14 @@ public:
 private:
     void add(Piece piece);
     void add(const TagFrame& frame);
+    void addBytes(Bytes bytes);
     const Piece* pieceAt(std::uint64_t offset) const;
     Bytes knownPart(const Piece& piece, std::uint64_t inside) const;
 
     const TagImage& loaded_;
     std::uint64_t size_;
     std::vector<Piece> pieces_;
+    ByteArray memory_;                                              // the bytes of all pieces that are not copied
     std::array<std::uint8_t, RawFrame::kHeaderSize> frameHeader_{}; // the last one that was made for a view
 };
 

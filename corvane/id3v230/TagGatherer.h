@@ -25,6 +25,8 @@ public:
     template <class Source>
     void walk(Source& source, std::uint64_t begin, std::uint64_t end) {
         image_->memory_.reserve(kUsualTextSize);
+        image_->frames_.reserve(kUsualFrames);
+        image_->gathered_.reserve(kUsualFrames);
         const auto take = [&](const RawFrame& frame) {
             const std::uint64_t data = frame.offset + RawFrame::kHeaderSize;
             const std::size_t size = gatheredSize(frame, source.atHand(data));
@@ -38,7 +40,9 @@ public:
     std::shared_ptr<TagImage> done() { return std::move(image_); }
 
 private:
-    static constexpr std::size_t kUsualTextSize = 1000; // bytes; room for most tags
+    // Room for most tags.
+    static constexpr std::size_t kUsualTextSize = 1000; // bytes
+    static constexpr std::size_t kUsualFrames = 16;
 
     static std::size_t gatheredSize(const RawFrame& frame, std::size_t atHand);
     void keep(const RawFrame& frame, Bytes data);

@@ -19,30 +19,18 @@ namespace {
 // Old bytes of the file between what changes and the padding that are rather read in vain than with a second call.
 constexpr std::uint64_t kReadInVain = std::uint64_t{64} * 1024;
 
-// Appends neighbouring pieces with one call each, as far as they come from the same place.
+// Appends the new tag, with one call for pieces that follow one another where they come from.
 void append(FileReplacement& replacement, const ComposedTag& tag) {
-    ByteArray bytes;
-    ComposedTag::Range copied;
-    const auto flush = [&] {
-        if (!bytes.empty()) replacement.append(bytes);
-        if (!copied.isEmpty()) replacement.copy(copied.begin, copied.end - copied.begin);
-        bytes.clear();
-        copied = {};
-    };
-    for (const ComposedTag::Piece& piece : tag.pieces()) {
-        const bool goesOn = piece.isCopied() ? !copied.isEmpty() && copied.end == piece.source : copied.isEmpty();
-        if (!goesOn) flush();
-        if (!piece.isCopied()) {
-            bytes.insert(bytes.end(), piece.bytes.begin(), piece.bytes.end());
-        } else if (copied.isEmpty()) {
-            copied = {piece.source, piece.source + piece.size};
-        } else {
-            copied.end += piece.size;
-        }
+    const auto pieces = tag.pieces();
+    for (auto piece = pieces.begin(); piece != pieces.end();) {
+        const auto first = piece;
+        std::uint64_t size = 0;
+        do {
+            size += (piece++)->size;
+        } while (piece != pieces.end() && piece->isCopied == first->isCopied && piece->source == first->source + size);
+        first->isCopied ? replacement.copy(first->source, size) : replacement.append(tag.bytesFrom(*first, size));
     }
-    if (!copied.isEmpty()) flush();
-    bytes.resize(bytes.size() + static_cast<std::size_t>(tag.size() - tag.paddingOffset()));
-    flush();
+    replacement.append(ByteArray(static_cast<std::size_t>(tag.size() - tag.paddingOffset())));
 }
 
 // Whether it is the same frame, as far as both are known.
@@ -108,8 +96,8 @@ ByteArray newBytes(const ComposedTag& tag, const OldBytes& old, ComposedTag::Ran
     bytes.reserve(static_cast<std::size_t>(range.end - range.begin));
     for (const ComposedTag::Piece& piece : tag.pieces()) {
         if (piece.offset < range.begin || piece.end() > range.end) continue;
-        const ByteArray copied = piece.isCopied() ? old.part(piece.source, piece.size) : ByteArray();
-        const Bytes part = piece.isCopied() ? Bytes(copied) : Bytes(piece.bytes);
+        const ByteArray copied = piece.isCopied ? old.part(piece.source, piece.size) : ByteArray();
+        const Bytes part = piece.isCopied ? Bytes(copied) : tag.bytesFrom(piece, piece.size);
         bytes.insert(bytes.end(), part.begin(), part.end());
     }
     bytes.resize(static_cast<std::size_t>(range.end - range.begin));

@@ -20,6 +20,7 @@ bool isPending() {
     return sigpending(&pending) == 0 && sigismember(&pending, SIGXFSZ) == 1;
 }
 
+// Usually there is none, and nothing has to be done then.
 bool hasLimit() {
     rlimit limit{};
     return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
@@ -27,15 +28,15 @@ bool hasLimit() {
 
 } // namespace
 
-FileSizeLimitGuard::FileSizeLimitGuard() : isLimited_(hasLimit()) {
-    if (!isLimited_) return;
+FileSizeLimitGuard::FileSizeLimitGuard() : hasLimit_(hasLimit()) {
+    if (!hasLimit_) return;
     wasPending_ = isPending();
     const sigset_t blocked = onlyFileSizeSignal();
     pthread_sigmask(SIG_BLOCK, &blocked, &before_);
 }
 
 FileSizeLimitGuard::~FileSizeLimitGuard() {
-    if (!isLimited_) return;
+    if (!hasLimit_) return;
     if (!wasPending_ && isPending()) {
         // Takes the signal that our own write has raised, so that it does not strike when it is let through again.
         const sigset_t taken = onlyFileSizeSignal();

@@ -14,9 +14,9 @@ public:
     FileSizeLimitGuard& operator=(const FileSizeLimitGuard&) = delete;
 
 private:
-    bool isLimited_; // without a limit there is nothing to guard against
-    bool wasPending_ = false;
+    bool hasLimit_;
     sigset_t before_{};
+    bool wasPending_ = false;
 };
 
 } // namespace corvane
