@@ -70,8 +70,7 @@ TEST(Threads, ReadOneFileThroughHandlersOfTheirOwn) {
 // A title of the library's own making and a comment of id3lib's, which is loaded by whichever thread comes first.
 TEST(Threads, SaveTagsOfFilesOfTheirOwn) {
     const test::ScratchFolder folder;
-    for (int thread = 0; thread < kThreads; ++thread)
-        folder.write(std::to_string(thread) + ".mp3", fileWithEveryTag());
+    for (int thread = 0; thread < kThreads; ++thread) folder.write(std::to_string(thread) + ".mp3", fileWithEveryTag());
     EXPECT_EQ(failuresIn([&](int thread, int round) {
                   const std::string path = folder.path(std::to_string(thread) + ".mp3");
                   const std::string text = std::to_string(thread) + " in round " + std::to_string(round);
