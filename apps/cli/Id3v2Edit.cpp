@@ -58,7 +58,8 @@ constexpr std::array kTextFields{
     TextField{"copyright", &TagValues::copyright, ID3FID_COPYRIGHT, write<&ID3V230::Copyright>},
     TextField{"url", &TagValues::url, ID3FID_WWWUSER, write<&ID3V230::UserURL>},
     TextField{"encoded-by", &TagValues::encodedBy, ID3FID_ENCODEDBY, write<&ID3V230::EncodedBy>},
-    TextField{"lyrics", &TagValues::lyrics, ID3FID_UNSYNCEDLYRICS, write<&ID3V230::LyricsUnsynced>}};
+    TextField{"lyrics", &TagValues::lyrics, ID3FID_UNSYNCEDLYRICS, write<&ID3V230::LyricsUnsynced>},
+    TextField{"synced-lyrics", &TagValues::syncedLyrics, ID3FID_SYNCEDLYRICS, write<&ID3V230::LyricsSynced>}};
 
 // All of them: a second frame of a kind would stand for the deleted one.
 void deleteFrames(const ID3V230& tag, ID3_FrameID frame) {

@@ -19,6 +19,7 @@ struct TagValues {
     std::optional<std::string> title, artist, album, year, track, genre, comment;
     // Of ID3v2 alone.
     std::optional<std::string> composer, originalArtist, copyright, url, encodedBy, lyrics;
+    std::optional<std::string> syncedLyrics; // lines "[mm:ss.f] text"; the command has no option for them
     std::optional<std::shared_ptr<Picture>> picture; // the front cover; without a picture inside it is deleted
 };
 

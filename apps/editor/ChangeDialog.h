@@ -1,0 +1,21 @@
+// The preview of what saving will do, and the report of what it has done.
+#pragma once
+
+#include "apps/editor/SaveJob.h"
+
+#include <QDialog>
+
+namespace corvane::editor {
+
+class ChangeDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    // A preview can be accepted, which means: save.
+    ChangeDialog(const SaveResults& results, SaveJob::Mode mode, QWidget* parent);
+};
+
+// "3 files were saved, 1 failed, 2 with warnings."
+QString summaryOf(const SaveResults& results, SaveJob::Mode mode);
+
+} // namespace corvane::editor

@@ -1,0 +1,28 @@
+// A step of the edit session, as the undo stack keeps it.
+#pragma once
+
+#include "apps/editor/EditSession.h"
+
+#include <QUndoCommand>
+
+namespace corvane::editor {
+
+class EditCommand : public QUndoCommand {
+public:
+    // The key joins steps that follow each other, see EditSession::edit.
+    EditCommand(EditSession& session, const QString& text, TagsChanges changes, QString key);
+
+    void undo() override;
+    void redo() override;
+    int id() const override;
+    bool mergeWith(const QUndoCommand* next) override;
+
+private:
+    bool isOfSameFiles(const EditCommand& other) const;
+
+    EditSession& session_;
+    TagsChanges changes_;
+    QString key_;
+};
+
+} // namespace corvane::editor

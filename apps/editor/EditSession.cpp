@@ -1,0 +1,126 @@
+#include "apps/editor/EditSession.h"
+
+#include "apps/editor/EditCommand.h"
+
+
+namespace corvane::editor {
+
+namespace {
+
+constexpr int kUndoLimit = 100;
+
+// A tag that the file is not to have has no values that could differ.
+FileTags tidied(FileTags tags, const FileTags& inFile) {
+    const auto tidy = [](TagValues& values, const TagValues& before) {
+        if (values.present) return;
+        values = before;
+        values.present = false;
+    };
+    tidy(tags.v1, inFile.v1);
+    tidy(tags.v2, inFile.v2);
+    return tags;
+}
+
+} // namespace
+
+EditSession::EditSession(QObject* parent) : QObject(parent) { undoStack_.setUndoLimit(kUndoLimit); }
+
+void EditSession::learn(const std::string& path, FileTags tags) {
+    if (isChanged(path)) return;
+    const auto shared = std::make_shared<const FileTags>(std::move(tags));
+    files_[path] = {shared, shared};
+}
+
+void EditSession::learnAgain(const std::string& path, FileTags tags) {
+    const auto found = files_.find(path);
+    if (found == files_.end()) return;
+    found->second.inFile = std::make_shared<const FileTags>(std::move(tags));
+    note(path, found->second);
+}
+
+TagsPointer EditSession::inFile(const std::string& path) const {
+    const auto found = files_.find(path);
+    return found == files_.end() ? nullptr : found->second.inFile;
+}
+
+TagsPointer EditSession::wanted(const std::string& path) const {
+    const auto found = files_.find(path);
+    return found == files_.end() ? nullptr : found->second.wanted;
+}
+
+bool EditSession::isChanged(const std::string& path) const { return changed_.contains(path); }
+
+void EditSession::edit(const QString& text, const std::vector<std::pair<std::string, FileTags>>& wanted,
+                       const QString& key) {
+    TagsChanges changes;
+    for (const auto& [path, given] : wanted) {
+        const auto found = files_.find(path);
+        if (found == files_.end()) continue;
+        const File& file = found->second;
+        FileTags tags = tidied(given, *file.inFile);
+        if (tags == *file.wanted) continue;
+        const bool isBack = tags == *file.inFile;
+        changes.push_back(
+            {path, file.wanted, isBack ? file.inFile : std::make_shared<const FileTags>(std::move(tags))});
+    }
+    if (changes.empty()) return;
+    const QString wholeKey = key.isEmpty() ? QString() : key + QLatin1Char(' ') + QString::number(stepNumber_);
+    undoStack_.push(new EditCommand(*this, text, std::move(changes), wholeKey));
+}
+
+void EditSession::endStep() { ++stepNumber_; }
+
+void EditSession::revert(const std::vector<std::string>& paths) {
+    std::vector<std::pair<std::string, FileTags>> wanted;
+    for (const std::string& path : paths) {
+        if (isChanged(path)) wanted.emplace_back(path, *inFile(path));
+    }
+    edit(tr("revert"), wanted);
+}
+
+void EditSession::forget(const std::vector<std::string>& paths) {
+    const bool before = hasChanges();
+    undoStack_.clear();
+    for (const std::string& path : paths) {
+        files_.erase(path);
+        changed_.erase(path);
+    }
+    tellDirty(before);
+}
+
+void EditSession::clear() {
+    const bool before = hasChanges();
+    undoStack_.clear();
+    files_.clear();
+    changed_.clear();
+    tellDirty(before);
+}
+
+void EditSession::apply(const TagsChanges& changes, TagsPointer TagsChange::*state) {
+    const bool before = hasChanges();
+    std::vector<std::string> paths;
+    paths.reserve(changes.size());
+    for (const TagsChange& change : changes) {
+        const auto found = files_.find(change.path);
+        if (found == files_.end()) continue;
+        found->second.wanted = change.*state;
+        note(change.path, found->second);
+        paths.push_back(change.path);
+    }
+    Q_EMIT changed(paths);
+    tellDirty(before);
+}
+
+void EditSession::note(const std::string& path, const File& file) {
+    if (file.wanted == file.inFile || *file.wanted == *file.inFile) {
+        changed_.erase(path);
+    } else {
+        changed_.insert(path);
+    }
+}
+
+void EditSession::tellDirty(bool before) {
+    if (before != hasChanges()) Q_EMIT dirtyChanged(!before);
+}
+
+} // namespace corvane::editor

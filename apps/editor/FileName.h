@@ -1,0 +1,18 @@
+// Paths, which are bytes, as people read them.
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <string>
+
+namespace corvane::editor {
+
+inline QString shownPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+inline QString nameOf(const std::string& path) { return shownPath(path.substr(path.find_last_of('/') + 1)); }
+inline QString folderOf(const std::string& path) {
+    const std::size_t separator = path.find_last_of('/');
+    return separator == std::string::npos ? QString() : shownPath(path.substr(0, separator == 0 ? 1 : separator));
+}
+inline std::string pathOf(const QString& path) { return QFile::encodeName(path).toStdString(); }
+
+} // namespace corvane::editor

@@ -1,0 +1,146 @@
+#include "apps/editor/FilePages.h"
+
+#include "corvane/controls/FailureWall.h"
+#include "corvane/controls/Text.h"
+#include "corvane/lyrics/LyricsTag.h"
+
+#include "apps/editor/ControlValues.h"
+
+#include <QCheckBox>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+
+namespace corvane::editor {
+
+namespace {
+
+// Carries over what differs between two looks at a control. The name of the last field that does, "" for none.
+QString carryOver(const TagValues& before, const TagValues& now, TagValues& wanted) {
+    QString name;
+    for (std::size_t at = 0; at < kFieldCount; ++at) {
+        if (now.texts[at] == before.texts[at]) continue;
+        wanted.texts[at] = now.texts[at];
+        name = QString::number(at);
+    }
+    if (now.picture != before.picture) {
+        wanted.picture = now.picture;
+        name = QStringLiteral("picture");
+    }
+    if (now.present != before.present) {
+        wanted.present = now.present;
+        name = QStringLiteral("present");
+    }
+    return name;
+}
+
+} // namespace
+
+FilePages::FilePages(QWidget* parent) : QTabWidget(parent) {
+    id3v2_ = new controls::ID3v2;
+    id3v2_->Mode(controls::EID3v2Apperance::v2aWide);
+    id3v1_ = new controls::ID3v1;
+    lyrics_ = new controls::Lyrics;
+    technical_ = new TechnicalView;
+    xml_ = new XmlView;
+    addTab(scrolled(id3v2_), tr("ID3v2"));
+    addTab(scrolled(id3v1_), tr("ID3v1"));
+    addTab(scrolled(lyrics_), tr("Lyrics3"));
+    addTab(technical_, tr("File and audio"));
+    addTab(xml_, tr("XML"));
+    connect(id3v1_, &controls::ID3v1::edited, this, [this] { takeId3v1(); });
+    connect(id3v1_, &controls::ID3v1::tagRequestChanged, this, [this] { takeId3v1(); });
+    connect(id3v2_, &controls::ID3v2::edited, this, [this] { takeId3v2(); });
+    connect(id3v2_, &controls::ID3v2::tagRequestChanged, this, [this] { takeId3v2(); });
+    clear();
+}
+
+// A page may be larger than the window.
+QWidget* FilePages::scrolled(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    return area;
+}
+
+void FilePages::clear() {
+    const QScopedValueRollback showing(showing_, true);
+    path_.clear();
+    file_.reset();
+    shownId3v2_.reset();
+    id3v1_->ID3v1xTag(std::shared_ptr<ID3V1Tag>());
+    id3v2_->ID3V2Tag(nullptr);
+    lyrics_->LyricsTag(nullptr);
+    technical_->clear();
+    xml_->setFile({});
+    setEnabled(false);
+}
+
+QString FilePages::showFile(const std::string& path, const FileTags* wanted) {
+    clear();
+    const QScopedValueRollback showing(showing_, true);
+    try {
+        file_ = std::make_unique<OpenedFile>(path);
+        path_ = path;
+        setEnabled(true);
+        show(wanted ? *wanted : file_->tags());
+    } catch (const std::exception& failure) {
+        clear();
+        return controls::toQt(failure.what());
+    }
+    return {};
+}
+
+void FilePages::show(const FileTags& wanted) {
+    wanted_ = wanted;
+    id3v1_->ID3v1xTag(makeId3v1Tag(wanted.v1));
+    seenId3v1_ = valuesIn(*id3v1_);
+    showId3v2(wanted.v2);
+    FileHandler& handler = file_->handler();
+    lyrics_->LyricsTag(handler.HasLyricsTag() ? handler.LyricsTag() : nullptr);
+    // There is no saving of Lyrics3 tags, so there is nothing to ask for.
+    lyrics_->findChild<QCheckBox*>(QStringLiteral("chkLyrics"))->setEnabled(false);
+    technical_->showFile(handler);
+    xml_->setFile(path_);
+}
+
+void FilePages::showId3v2(const TagValues& wanted) {
+    shownId3v2_ = file_->id3v2Tag(wanted);
+    id3v2_->ID3V2Tag(shownId3v2_);
+    id3v2_->findChild<QCheckBox*>(QStringLiteral("chkID3v2"))->setChecked(wanted.present);
+    seenId3v2_ = valuesOf(*shownId3v2_);
+    seenId3v2_.picture = shownId3v2_->Picture();
+    seenId3v2_.present = wanted.present;
+}
+
+void FilePages::takeId3v1() {
+    if (showing_ || !file_) return;
+    controls::behindWall("FilePages", [this] {
+        const TagValues now = valuesIn(*id3v1_);
+        FileTags wanted = wanted_;
+        const QString field = carryOver(seenId3v1_, now, wanted.v1);
+        seenId3v1_ = now;
+        if (!field.isEmpty()) take(wanted, QStringLiteral("v1 ") + field);
+    });
+}
+
+void FilePages::takeId3v2() {
+    if (showing_ || !file_) return;
+    controls::behindWall("FilePages", [this] {
+        const auto tag = id3v2_->ID3V2Tag();
+        TagValues now = valuesOf(*tag);
+        now.picture = tag->Picture();
+        now.present = id3v2_->HasTag();
+        FileTags wanted = wanted_;
+        const QString field = carryOver(seenId3v2_, now, wanted.v2);
+        seenId3v2_ = now;
+        if (!field.isEmpty()) take(wanted, QStringLiteral("v2 ") + field);
+    });
+}
+
+void FilePages::take(const FileTags& wanted, const QString& field) {
+    wanted_ = wanted;
+    Q_EMIT edited(wanted_, field);
+}
+
+} // namespace corvane::editor

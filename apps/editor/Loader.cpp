@@ -1,0 +1,70 @@
+#include "apps/editor/Loader.h"
+
+#include "corvane/controls/Text.h"
+
+#include "apps/cli/FileWalk.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <utility>
+
+namespace corvane::editor {
+
+namespace {
+
+constexpr qsizetype kFirstBatch = 100; // files; enough for the first screen
+constexpr qint64 kBatchTime = 60;      // milliseconds between two batches
+
+} // namespace
+
+Loader::Loader(QObject* parent) : BackgroundJob(parent) {
+    connect(this, &Loader::finished, this, [this](bool complete) {
+        std::vector<std::string> next = std::exchange(waiting_, {});
+        if (complete && !next.empty()) load(std::move(next));
+    });
+}
+
+Loader::~Loader() { stop(); }
+
+void Loader::load(std::vector<std::string> paths) {
+    if (isRunning()) {
+        waiting_.insert(waiting_.end(), paths.begin(), paths.end());
+    } else {
+        start([this, roots = std::move(paths)] { work(roots); });
+    }
+}
+
+void Loader::work(const std::vector<std::string>& roots) {
+    Q_EMIT progressed(0, 0);
+    read(find(roots));
+}
+
+std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
+    cli::FileWalk walk(roots, [this](std::string_view folder, std::string_view reason) {
+        Q_EMIT refused(QFile::decodeName(QByteArray(folder.data(), static_cast<qsizetype>(folder.size()))),
+                       controls::toQt(reason));
+    });
+    std::vector<std::string> paths;
+    for (auto path = walk.next(); path && !isCancelled(); path = walk.next()) paths.push_back(*std::move(path));
+    return paths;
+}
+
+void Loader::read(const std::vector<std::string>& paths) {
+    const auto total = static_cast<qsizetype>(paths.size());
+    FileRows batch;
+    qsizetype done = 0;
+    QElapsedTimer sinceBatch;
+    sinceBatch.start();
+    for (const std::string& path : paths) {
+        if (isCancelled()) break;
+        batch.push_back(readRow(path));
+        ++done;
+        if (done != kFirstBatch && done != total && sinceBatch.elapsed() < kBatchTime) continue;
+        Q_EMIT loaded(std::exchange(batch, {}));
+        Q_EMIT progressed(done, total);
+        sinceBatch.restart();
+    }
+    if (!batch.empty()) Q_EMIT loaded(batch);
+}
+
+} // namespace corvane::editor

@@ -1,0 +1,36 @@
+// Finds the MP3 files below folders and reads what the list shows of them. Rows come in batches, the first one soon.
+#pragma once
+
+#include "apps/editor/BackgroundJob.h"
+#include "apps/editor/FileRow.h"
+
+#include <QString>
+#include <string>
+#include <vector>
+
+namespace corvane::editor {
+
+class Loader : public BackgroundJob {
+    Q_OBJECT
+
+public:
+    explicit Loader(QObject* parent = nullptr);
+    ~Loader() override;
+
+    // Files, whatever their names are, and folders. While a load is running, these wait for it to end.
+    void load(std::vector<std::string> paths);
+
+Q_SIGNALS:
+    void loaded(const corvane::editor::FileRows& rows);
+    // A folder that cannot be read.
+    void refused(const QString& folder, const QString& reason);
+
+private:
+    void work(const std::vector<std::string>& roots);
+    std::vector<std::string> find(const std::vector<std::string>& roots);
+    void read(const std::vector<std::string>& paths);
+
+    std::vector<std::string> waiting_;
+};
+
+} // namespace corvane::editor

@@ -1,0 +1,243 @@
+#include "apps/editor/MainWindow.h"
+
+#include "apps/editor/FileName.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStatusBar>
+#include <algorithm>
+#include <utility>
+
+namespace corvane::editor {
+
+namespace {
+
+constexpr auto kGeometryKey = "geometry", kStateKey = "state", kColumnsKey = "columns", kSplitterKey = "splitter",
+               kFramesKey = "FRL";
+
+QLabel* hintLabel() {
+    auto* label = new QLabel;
+    label->setObjectName(QStringLiteral("hint"));
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setEnabled(false); // in the colour of what is not content
+    return label;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QSettings& settings)
+    : settings_(settings), recent_(settings), saving_(session_, table_, *this) {
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(tr("Corvane Editor[*]"));
+    setAcceptDrops(true);
+    makeView();
+    editing_ = std::make_unique<Editing>(session_, table_, *pages_, *many_);
+    makeMenus();
+    connectParts();
+    restore();
+    editing_->select({});
+    tellCount();
+    updateActions();
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makeView() {
+    list_ = new FileList(table_);
+    hint_ = hintLabel();
+    pages_ = new FilePages;
+    many_ = new ManyPages(session_);
+    below_ = new QStackedWidget;
+    for (QWidget* page : {static_cast<QWidget*>(hint_), static_cast<QWidget*>(pages_), static_cast<QWidget*>(many_)}) {
+        below_->addWidget(page);
+    }
+    splitter_ = new QSplitter(Qt::Vertical);
+    splitter_->addWidget(list_);
+    splitter_->addWidget(below_);
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setStretchFactor(0, 1);
+    splitter_->setStretchFactor(1, 0);
+    setCentralWidget(splitter_);
+    count_ = new QLabel;
+    count_->setObjectName(QStringLiteral("count"));
+    jobBar_ = new JobBar;
+    statusBar()->addPermanentWidget(jobBar_);
+    statusBar()->addPermanentWidget(count_);
+}
+
+void MainWindow::connectParts() {
+    jobBar_->watch(loader_, tr("Reading"));
+    jobBar_->watch(editing_->reader(), tr("Reading tags"));
+    jobBar_->watch(saving_.job(), tr("Working"));
+    connect(&loader_, &Loader::loaded, this, [this](const FileRows& rows) { table_.add(rows); });
+    connect(&loader_, &Loader::refused, this, [this](const QString& folder, const QString& reason) {
+        statusBar()->showMessage(tr("%1 cannot be read: %2").arg(folder, reason));
+    });
+    connect(list_, &FileList::selectionChanged, this, [this] {
+        if (!saving_.isRunning()) editing_->select(list_->selectedPaths());
+    });
+    connect(list_, &FileList::countChanged, this, &MainWindow::tellCount);
+    connect(editing_.get(), &Editing::shown, this, &MainWindow::show);
+    connect(&session_, &EditSession::changed, this, &MainWindow::updateActions);
+    connect(&session_, &EditSession::dirtyChanged, this, &MainWindow::setWindowModified);
+    connect(&saving_, &Saving::saved, this, &MainWindow::endSave);
+    connect(&saving_, &Saving::runningChanged, this, [this](bool isRunning) {
+        centralWidget()->setEnabled(!isRunning);
+        updateActions();
+    });
+}
+
+void MainWindow::open(const std::vector<std::string>& paths) {
+    if (paths.empty()) return;
+    for (const std::string& path : paths) recent_.add(shownPath(path));
+    loader_.load(paths);
+}
+
+// --- what the parts tell
+
+void MainWindow::show(Editing::Shown what, const QString& hint) {
+    hint_->setText(hint);
+    switch (what) {
+    case Editing::Shown::OneFile:
+        below_->setCurrentWidget(pages_);
+        break;
+    case Editing::Shown::ManyFiles:
+        below_->setCurrentWidget(many_);
+        break;
+    default:
+        below_->setCurrentWidget(hint_);
+    }
+    updateActions();
+}
+
+void MainWindow::updateActions() {
+    const bool isIdle = !saving_.isRunning();
+    const auto& editable = editing_->editable();
+    const bool hasChangedSelection = std::any_of(
+        editable.begin(), editable.end(), [this](const std::string& path) { return session_.isChanged(path); });
+    save_->setEnabled(isIdle && session_.hasChanges());
+    preview_->setEnabled(isIdle && session_.hasChanges());
+    saveSelected_->setEnabled(isIdle && hasChangedSelection);
+    revert_->setEnabled(isIdle && hasChangedSelection);
+    report_->setEnabled(isIdle && !saving_.lastReport().isEmpty());
+    undo_->setEnabled(isIdle && session_.undoStack().canUndo());
+    redo_->setEnabled(isIdle && session_.undoStack().canRedo());
+    toolMenu_->updateActions(isIdle && !editable.empty());
+}
+
+void MainWindow::endSave(bool isAllSaved, const QString& summary) {
+    statusBar()->showMessage(summary);
+    editing_->select(list_->selectedPaths());
+    updateActions();
+    const std::function<void()> next = std::exchange(afterSave_, nullptr);
+    if (isAllSaved && next) next();
+}
+
+void MainWindow::tellCount() {
+    const int shown = list_->shownCount(), all = table_.rowCount();
+    count_->setText(shown == all ? tr("%n files", nullptr, all) : tr("%1 of %n files", nullptr, all).arg(shown));
+}
+
+// Undo and redo are those of the session everywhere: a text box has only its own words to take back.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const auto* widget = qobject_cast<const QWidget*>(watched);
+        const bool isUndo = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+        if (isUndo && widget && below_->isAncestorOf(widget)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// --- closing
+
+void MainWindow::afterChanges(std::function<void()> next) {
+    if (saving_.isRunning()) return;
+    if (!session_.hasChanges()) return next();
+    QMessageBox box(QMessageBox::Warning, tr("Corvane Editor"),
+                    tr("%n files have changes that are not saved.", nullptr,
+                       static_cast<int>(session_.changedPaths().size())),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setObjectName(QStringLiteral("unsaved"));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save:
+        afterSave_ = std::move(next);
+        return saving_.save(session_.changedPaths());
+    case QMessageBox::Discard:
+        session_.clear();
+        return next();
+    default:
+        return;
+    }
+}
+
+void MainWindow::closeFiles() {
+    afterChanges([this] {
+        loader_.cancel();
+        session_.clear();
+        table_.clear();
+    });
+}
+
+// With changes the question comes first; the window closes itself when it is answered, which may be after a save.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    const bool mayClose = !session_.hasChanges() && !saving_.isRunning();
+    event->setAccepted(mayClose);
+    if (mayClose) {
+        keep();
+    } else {
+        afterChanges([this] { close(); });
+    }
+}
+
+// --- dropping
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    if (std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); })) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) paths.push_back(pathOf(url.toLocalFile()));
+    }
+    event->acceptProposedAction();
+    open(paths);
+}
+
+// --- settings
+
+void MainWindow::restore() {
+    resize(1180, 820);
+    restoreGeometry(settings_.value(QLatin1String(kGeometryKey)).toByteArray());
+    restoreState(settings_.value(QLatin1String(kStateKey)).toByteArray());
+    list_->setColumns(settings_.value(QLatin1String(kColumnsKey)).toByteArray());
+    if (!splitter_->restoreState(settings_.value(QLatin1String(kSplitterKey)).toByteArray())) {
+        splitter_->setSizes({380, 400});
+    }
+    frames_->setChecked(settings_.value(QLatin1String(kFramesKey), false).toBool());
+    pages_->showFrames(frames_->isChecked());
+}
+
+void MainWindow::keep() {
+    settings_.setValue(QLatin1String(kGeometryKey), saveGeometry());
+    settings_.setValue(QLatin1String(kStateKey), saveState());
+    settings_.setValue(QLatin1String(kColumnsKey), list_->columns());
+    settings_.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+    settings_.setValue(QLatin1String(kFramesKey), frames_->isChecked());
+}
+
+} // namespace corvane::editor

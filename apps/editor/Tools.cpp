@@ -1,0 +1,112 @@
+#include "apps/editor/Tools.h"
+
+#include "corvane/controls/BatchString.h"
+#include "corvane/id3v1/GenreTable.h"
+#include "corvane/id3v230/GenreSplit.h"
+
+#include "apps/cli/Id3v1Edit.h"
+#include "apps/cli/TagValues.h"
+
+#include <utility>
+
+namespace corvane::editor {
+
+namespace {
+
+std::string numberText(std::uint8_t number, std::uint8_t none) {
+    return number == none ? std::string() : std::to_string(number);
+}
+
+std::string textForV1(Field field, const std::string& text) {
+    if (field == Field::Track) return id3v1Track(text);
+    return field == Field::Genre ? id3v1Genre(text) : text;
+}
+
+std::string textForV2(Field field, const std::string& text) {
+    return field == Field::Genre ? cli::contentType(text) : text;
+}
+
+// Whether a text that fills the record's field is the beginning of a longer one.
+bool isCutFrom(const std::string& text, const std::string& whole) {
+    constexpr std::size_t kFull = 28; // characters of the shortest long field
+    return text.size() >= kFull && whole.size() > text.size() && whole.starts_with(text);
+}
+
+} // namespace
+
+std::string id3v1Genre(const std::string& genre) {
+    const SplitGenre split = splitGenre(genre);
+    if (split.number && std::in_range<std::uint8_t>(*split.number)) {
+        return numberText(static_cast<std::uint8_t>(*split.number), kUndefinedGenre);
+    }
+    return numberText(cli::parseGenre(genre).value_or(kUndefinedGenre), kUndefinedGenre);
+}
+
+std::string id3v1Track(const std::string& track) { return numberText(cli::parseTrack(track).value_or(0), 0); }
+
+FileTags withText(FileTags tags, Field field, const std::string& text) {
+    if (!tags.v1.present && !tags.v2.present) tags.v1.present = tags.v2.present = true;
+    if (!isCommon(field)) tags.v2.present = true;
+    if (tags.v1.present && isCommon(field)) tags.v1[field] = textForV1(field, text);
+    if (tags.v2.present) tags.v2[field] = textForV2(field, text);
+    return tags;
+}
+
+FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture) {
+    if (!picture && !tags.v2.present) return tags;
+    tags.v2.present = true;
+    tags.v2.picture = picture;
+    return tags;
+}
+
+FileTags withCopyToV2(FileTags tags) {
+    if (!tags.v1.present) return tags;
+    tags.v2.present = true;
+    for (std::size_t at = 0; at < kCommonFieldCount; ++at) {
+        const std::string text = textForV2(fieldAt(at), tags.v1.texts[at]);
+        if (!text.empty() && !isCutFrom(text, tags.v2.texts[at])) tags.v2.texts[at] = text;
+    }
+    return tags;
+}
+
+FileTags withCopyToV1(FileTags tags) {
+    if (!tags.v2.present) return tags;
+    tags.v1.present = true;
+    for (std::size_t at = 0; at < kCommonFieldCount; ++at) {
+        const std::string text = textForV1(fieldAt(at), tags.v2.texts[at]);
+        if (!text.empty()) tags.v1.texts[at] = text;
+    }
+    return tags;
+}
+
+FileTags withoutV1(FileTags tags) {
+    tags.v1.present = false;
+    return tags;
+}
+
+FileTags withoutV2(FileTags tags) {
+    tags.v2.present = false;
+    return tags;
+}
+
+FileTags withCase(FileTags tags, const std::set<Field>& fields, std::int32_t conversion) {
+    const auto convert = [conversion](std::string& text) {
+        controls::BatchString string;
+        string.Conversion(conversion);
+        string.Initialize(text);
+        text = string.Convert();
+    };
+    for (const Field field : fields) {
+        if (tags.v1.present && isCommon(field)) convert(tags.v1[field]);
+        if (tags.v2.present) convert(tags.v2[field]);
+    }
+    return tags;
+}
+
+FileTags withTrack(FileTags tags, int number, int total) {
+    std::string text = std::to_string(number);
+    if (total > 0) text.append("/").append(std::to_string(total));
+    return withText(std::move(tags), Field::Track, text);
+}
+
+} // namespace corvane::editor

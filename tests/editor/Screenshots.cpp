@@ -1,0 +1,79 @@
+// Pictures of the editor in the states that matter, for eyes to judge: editor-screenshots FOLDER MP3_FOLDER PREFIX.
+#include "corvane/controls/Text.h"
+
+#include "apps/editor/MainWindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QStyleFactory>
+#include <QTableView>
+#include <QtTest>
+#include <cstdio>
+
+using namespace corvane::editor;
+
+namespace {
+
+QPalette darkPalette() {
+    QPalette dark(QColor(53, 53, 53));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::AlternateBase, QColor(38, 38, 38));
+    dark.setColor(QPalette::Window, QColor(45, 45, 45));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(role, QColor(225, 225, 225));
+        dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+    }
+    return dark;
+}
+
+class Camera {
+public:
+    Camera(QString folder, QString prefix) : folder_(std::move(folder)), prefix_(std::move(prefix)) {}
+
+    void take(QWidget& window, const char* name) {
+        QTest::qWait(150);
+        const QString file = QDir(folder_).filePath(prefix_ + QLatin1String(name) + QStringLiteral(".png"));
+        if (!window.grab().save(file)) std::fprintf(stderr, "%s was not written\n", qPrintable(file));
+    }
+
+private:
+    QString folder_, prefix_;
+};
+
+void takeAll(Camera& camera, const QString& files) {
+    QSettings settings(QDir::temp().filePath(QStringLiteral("corvane-editor-screenshots.ini")), QSettings::IniFormat);
+    settings.clear();
+    MainWindow window(settings);
+    window.show();
+    camera.take(window, "empty");
+    window.open({files.toStdString()});
+    const bool isLoaded =
+        QTest::qWaitFor([&window] { return !window.loader().isRunning() && window.table().rowCount() > 0; });
+    if (!isLoaded) qFatal("no files");
+    auto& view = *window.findChild<QTableView*>(QStringLiteral("files"));
+    view.selectRow(0);
+    camera.take(window, "single");
+    auto& pages = *window.findChild<FilePages*>();
+    for (int page = 1; page < pages.count(); ++page) {
+        pages.setCurrentIndex(page);
+        camera.take(window, qPrintable(QStringLiteral("page%1").arg(page)));
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    QApplication application(count, arguments);
+    const QStringList words = QApplication::arguments();
+    if (words.size() != 4) {
+        std::fputs("usage: editor-screenshots FOLDER MP3_FOLDER light|dark\n", stderr);
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (words[3] == QStringLiteral("dark")) QApplication::setPalette(darkPalette());
+    Camera camera(words[1], words[3] + QLatin1Char('-'));
+    takeAll(camera, words[2]);
+    return 0;
+}
