@@ -12,7 +12,8 @@ void BackgroundJob::start(std::function<void()> work) {
     running_ = true;
     thread_ = std::thread([this, work = std::move(work), run = ++run_] {
         controls::behindWall("BackgroundJob", work);
-        QMetaObject::invokeMethod(this, [this, run] { end(run); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, run] { end(run); }, Qt::QueuedConnection);
     });
 }
 

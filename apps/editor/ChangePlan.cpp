@@ -29,10 +29,10 @@ using Given = std::optional<std::string> cli::TagValues::*;
 constexpr const char* kId3v2Name = "ID3v2.3.0"; // what the library writes
 
 constexpr std::array<Given, kFieldCount> kId3v2Values{
-    &cli::TagValues::title,     &cli::TagValues::artist,   &cli::TagValues::album,          &cli::TagValues::year,
-    &cli::TagValues::track,     &cli::TagValues::genre,    &cli::TagValues::comment,        &cli::TagValues::composer,
-    &cli::TagValues::originalArtist, &cli::TagValues::copyright, &cli::TagValues::url, &cli::TagValues::encodedBy,
-    &cli::TagValues::lyrics,    &cli::TagValues::syncedLyrics};
+    &cli::TagValues::title,          &cli::TagValues::artist,      &cli::TagValues::album,   &cli::TagValues::year,
+    &cli::TagValues::track,          &cli::TagValues::genre,       &cli::TagValues::comment, &cli::TagValues::composer,
+    &cli::TagValues::originalArtist, &cli::TagValues::copyright,   &cli::TagValues::url,     &cli::TagValues::encodedBy,
+    &cli::TagValues::lyrics,         &cli::TagValues::syncedLyrics};
 
 cli::TagValues id3v2Changes(const TagValues& inFile, const TagValues& wanted) {
     cli::TagValues values;
@@ -59,8 +59,7 @@ void planId3v2Removal(ChangeReport& plan, const FileHandler& file) {
     const auto tag = std::make_shared<ID3V230>();
     Internals<ID3V230>::bind(*tag, std::move(image));
     const auto version = file.ID3V2Tag()->Version();
-    const std::string name =
-        "ID3v2." + std::to_string(version->Minor()) + "." + std::to_string(version->Revision());
+    const std::string name = "ID3v2." + std::to_string(version->Minor()) + "." + std::to_string(version->Revision());
     plan.tags.push_back({"v2", name, Fate::Removed, {}, [tag] { removeId3v2(*tag); }});
 }
 

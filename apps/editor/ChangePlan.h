@@ -2,7 +2,6 @@
 #pragma once
 
 #include "apps/cli/TagChange.h"
-
 #include "apps/editor/FileTags.h"
 
 #include <string>

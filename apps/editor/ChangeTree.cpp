@@ -15,7 +15,7 @@ using Fate = cli::ChangedTag::Fate;
 
 namespace {
 
-constexpr qsizetype kExpandedFiles = 100;                // more would only be scrolled past
+constexpr qsizetype kExpandedFiles = 100;               // more would only be scrolled past
 constexpr int kMinimumWidth = 140, kMaximumWidth = 320; // pixels
 
 QString tagLine(const cli::ChangedTag& tag) {

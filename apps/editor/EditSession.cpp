@@ -2,7 +2,6 @@
 
 #include "apps/editor/EditCommand.h"
 
-
 namespace corvane::editor {
 
 namespace {

@@ -37,6 +37,7 @@ FileList::FileList(FileTable& table, QWidget* parent) : QWidget(parent), table_(
     const auto changed = [this] { selectionTimer_.start(); };
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this, changed);
     connect(&filter_, &QAbstractItemModel::modelReset, this, changed);
+    connect(&filter_, &QAbstractItemModel::layoutChanged, this, changed); // the order of the selected files
     connect(&filter_, &QAbstractItemModel::rowsInserted, this, &FileList::countChanged);
     connect(&filter_, &QAbstractItemModel::rowsRemoved, this, &FileList::countChanged);
     connect(&filter_, &QAbstractItemModel::modelReset, this, &FileList::countChanged);
@@ -78,7 +79,8 @@ void FileList::showHeaderMenu(const QPoint& at) {
         QAction* action = menu->addAction(table_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
         action->setCheckable(true);
         action->setChecked(!header->isSectionHidden(column));
-        connect(action, &QAction::toggled, header, [header, column](bool on) { header->setSectionHidden(column, !on); });
+        connect(action, &QAction::toggled, header,
+                [header, column](bool on) { header->setSectionHidden(column, !on); });
     }
     menu->popup(header->mapToGlobal(at));
 }

@@ -14,6 +14,8 @@ namespace corvane::editor {
 
 namespace {
 
+constexpr int kRecordWidth = 80; // letters; a record's texts have 30 characters
+
 // Carries over what differs between two looks at a control. The name of the last field that does, "" for none.
 QString carryOver(const TagValues& before, const TagValues& now, TagValues& wanted) {
     QString name;
@@ -39,6 +41,7 @@ FilePages::FilePages(QWidget* parent) : QTabWidget(parent) {
     id3v2_ = new controls::ID3v2;
     id3v2_->Mode(controls::EID3v2Apperance::v2aWide);
     id3v1_ = new controls::ID3v1;
+    id3v1_->setMaximumWidth(kRecordWidth * fontMetrics().averageCharWidth());
     lyrics_ = new controls::Lyrics;
     technical_ = new TechnicalView;
     xml_ = new XmlView;

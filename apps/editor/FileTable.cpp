@@ -245,8 +245,10 @@ QVariant FileTable::headerData(int section, Qt::Orientation orientation, int rol
         return QVariant((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
     if (role != Qt::DisplayRole) return {};
-    const QStringList names{tr("File"),  tr("Title"),  tr("Artist"),          tr("Album"), tr("Year"),  tr("Track"),
-                            tr("Genre"), tr("Length"), tr("Bit rate", "kbit/s"), tr("Tags"),  tr("Folder")};
+    const QStringList names{tr("File"),  tr("Title"),  tr("Artist"),
+                            tr("Album"), tr("Year"),   tr("Track"),
+                            tr("Genre"), tr("Length"), tr("Bit rate", "kbit/s"),
+                            tr("Tags"),  tr("Folder")};
     return names.value(section);
 }
 

@@ -38,10 +38,10 @@ void MainWindow::makeMenus() {
 
 void MainWindow::makeFileMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(action("openFiles", tr("&Open files…"), "document-open", QKeySequence::Open,
-                           [this] { chooseFiles(); }));
-    menu->addAction(action("openFolder", tr("Open f&older…"), "folder-open", keys("Ctrl+Shift+O"),
-                           [this] { chooseFolder(); }));
+    menu->addAction(
+        action("openFiles", tr("&Open files…"), "document-open", QKeySequence::Open, [this] { chooseFiles(); }));
+    menu->addAction(
+        action("openFolder", tr("Open f&older…"), "folder-open", keys("Ctrl+Shift+O"), [this] { chooseFolder(); }));
     QMenu* recent = menu->addMenu(tr("Open &recent"));
     recent->setObjectName(QStringLiteral("recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { showRecent(*recent); });
@@ -55,8 +55,8 @@ void MainWindow::makeFileMenu() {
     report_ = action("report", tr("Repor&t of the last save…"), nullptr, {}, [this] { saving_.showReport(); });
     menu->addActions({save_, saveSelected_, preview_, report_});
     menu->addSeparator();
-    menu->addAction(action("closeFiles", tr("&Close all files"), nullptr, keys("Ctrl+Shift+W"),
-                           [this] { closeFiles(); }));
+    menu->addAction(
+        action("closeFiles", tr("&Close all files"), nullptr, keys("Ctrl+Shift+W"), [this] { closeFiles(); }));
     menu->addAction(action("quit", tr("&Quit"), "application-exit", QKeySequence::Quit, [this] { close(); }));
 }
 

@@ -5,12 +5,17 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
+
+// The icon of a static library is there only when somebody asks for it, outside of any namespace.
+static void initIcons() { Q_INIT_RESOURCE(editor); }
 
 namespace corvane::editor {
 
@@ -30,9 +35,10 @@ QLabel* hintLabel() {
 
 } // namespace
 
-MainWindow::MainWindow(QSettings& settings)
-    : settings_(settings), recent_(settings), saving_(session_, table_, *this) {
+MainWindow::MainWindow(QSettings& settings) : settings_(settings), recent_(settings), saving_(session_, table_, *this) {
+    initIcons();
     setObjectName(QStringLiteral("MainWindow"));
+    setWindowIcon(QIcon(QStringLiteral(":/corvane-editor.svg")));
     setWindowTitle(tr("Corvane Editor[*]"));
     setAcceptDrops(true);
     makeView();
@@ -83,7 +89,7 @@ void MainWindow::connectParts() {
         if (!saving_.isRunning()) editing_->select(list_->selectedPaths());
     });
     connect(list_, &FileList::countChanged, this, &MainWindow::tellCount);
-    connect(editing_.get(), &Editing::shown, this, &MainWindow::show);
+    connect(editing_.get(), &Editing::shown, this, &MainWindow::showPart);
     connect(&session_, &EditSession::changed, this, &MainWindow::updateActions);
     connect(&session_, &EditSession::dirtyChanged, this, &MainWindow::setWindowModified);
     connect(&saving_, &Saving::saved, this, &MainWindow::endSave);
@@ -101,7 +107,7 @@ void MainWindow::open(const std::vector<std::string>& paths) {
 
 // --- what the parts tell
 
-void MainWindow::show(Editing::Shown what, const QString& hint) {
+void MainWindow::showPart(Editing::Shown what, const QString& hint) {
     hint_->setText(hint);
     switch (what) {
     case Editing::Shown::OneFile:
@@ -119,8 +125,8 @@ void MainWindow::show(Editing::Shown what, const QString& hint) {
 void MainWindow::updateActions() {
     const bool isIdle = !saving_.isRunning();
     const auto& editable = editing_->editable();
-    const bool hasChangedSelection = std::any_of(
-        editable.begin(), editable.end(), [this](const std::string& path) { return session_.isChanged(path); });
+    const bool hasChangedSelection = std::any_of(editable.begin(), editable.end(),
+                                                 [this](const std::string& path) { return session_.isChanged(path); });
     save_->setEnabled(isIdle && session_.hasChanges());
     preview_->setEnabled(isIdle && session_.hasChanges());
     saveSelected_->setEnabled(isIdle && hasChangedSelection);
@@ -163,10 +169,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 void MainWindow::afterChanges(std::function<void()> next) {
     if (saving_.isRunning()) return;
     if (!session_.hasChanges()) return next();
-    QMessageBox box(QMessageBox::Warning, tr("Corvane Editor"),
-                    tr("%n files have changes that are not saved.", nullptr,
-                       static_cast<int>(session_.changedPaths().size())),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    QMessageBox box(
+        QMessageBox::Warning, tr("Corvane Editor"),
+        tr("%n files have changes that are not saved.", nullptr, static_cast<int>(session_.changedPaths().size())),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setObjectName(QStringLiteral("unsaved"));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
@@ -196,7 +202,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (mayClose) {
         keep();
     } else {
-        afterChanges([this] { close(); });
+        afterChanges([this] { QTimer::singleShot(0, this, &QWidget::close); }); // one close at a time
     }
 }
 

@@ -70,7 +70,7 @@ private:
 
     // Runs what comes next when nothing is lost by it: asks about changes that are not saved.
     void afterChanges(std::function<void()> next);
-    void show(Editing::Shown what, const QString& hint);
+    void showPart(Editing::Shown what, const QString& hint);
     void updateActions();
     void endSave(bool isAllSaved, const QString& summary);
     void tellCount();

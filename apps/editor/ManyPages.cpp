@@ -35,6 +35,8 @@ std::string shownText(const FileTags& tags, Field field) {
     return field == Field::Genre ? readableGenre(text) : text;
 }
 
+constexpr int kRecordWidth = 80; // letters; a record's texts have 30 characters
+
 struct Id3v1Flag {
     Field field;
     bool (controls::ID3v1::*isChanged)() const;
@@ -63,6 +65,7 @@ QScrollArea* scrolled(QWidget* page) {
 ManyPages::ManyPages(EditSession& session, QWidget* parent) : QTabWidget(parent), session_(session) {
     addTab(scrolled(makeCommonPage()), tr("All tags"));
     id3v1_ = new controls::ID3v1;
+    id3v1_->setMaximumWidth(kRecordWidth * fontMetrics().averageCharWidth());
     id3v1_->VisibilityMode(controls::ETagEditModeConstants::temEditMany);
     addTab(scrolled(id3v1_), tr("ID3v1"));
     connect(id3v1_, &controls::ID3v1::edited, this, [this] { takeId3v1(); });
@@ -139,6 +142,7 @@ QWidget* ManyPages::makePictureBox() {
     auto* column = new QVBoxLayout(whole);
     column->setContentsMargins({});
     picture_ = new controls::PicturePanel(whole);
+    picture_->setTitle(tr("New picture for all"));
     auto* removeAll = new QPushButton(tr("&Remove the pictures of all"), whole);
     removeAll->setObjectName(QStringLiteral("removePictures"));
     column->addWidget(picture_, 1);

@@ -15,9 +15,9 @@ constexpr int kLargestNumber = 9999;
 
 NumberDialog::NumberDialog(int fileCount, QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Number the tracks"));
-    auto* text = new QLabel(tr("The %n selected files get track numbers in the order in which the list shows them.",
-                               nullptr, fileCount),
-                            this);
+    auto* text = new QLabel(
+        tr("The %n selected files get track numbers in the order in which the list shows them.", nullptr, fileCount),
+        this);
     text->setWordWrap(true);
     first_ = new QSpinBox(this);
     first_->setObjectName(QStringLiteral("first"));

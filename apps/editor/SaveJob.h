@@ -3,7 +3,6 @@
 #pragma once
 
 #include "apps/cli/TagChange.h"
-
 #include "apps/editor/BackgroundJob.h"
 #include "apps/editor/EditSession.h"
 #include "apps/editor/FileRow.h"

@@ -65,10 +65,12 @@ QString tagNames(FileHandler& file) {
 } // namespace
 
 TechnicalView::TechnicalView(QWidget* parent) : QTreeWidget(parent) {
+    setObjectName(QStringLiteral("technical"));
     setColumnCount(2);
     setHeaderHidden(true);
     setRootIsDecorated(false);
     setSelectionMode(QAbstractItemView::NoSelection);
+    setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Technical data"));
 }

@@ -14,8 +14,8 @@ namespace corvane::editor {
 FileTags withText(FileTags tags, Field field, const std::string& text);
 FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture);
 
-// Gives a tag the values of the other one. Values that the other one lacks stay as they are, so does a long text of which
-// ID3v1 has only the beginning; so do both tags where there is nothing to copy.
+// Gives a tag the values of the other one. Values that the other one lacks stay as they are, so does a long text of
+// which ID3v1 has only the beginning; so do both tags where there is nothing to copy.
 FileTags withCopyToV2(FileTags tags);
 FileTags withCopyToV1(FileTags tags);
 

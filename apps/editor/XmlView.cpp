@@ -16,24 +16,56 @@
 #include <QMessageBox>
 #include <QSaveFile>
 #include <QVBoxLayout>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
 
 namespace corvane::editor {
 
 namespace {
 
-constexpr qsizetype kLineLimit = 2000; // characters; far longer lines make a text box slow
+constexpr qsizetype kValueLimit = 2000; // characters; far longer lines make a text box slow
 constexpr qsizetype kKept = 200;
+
+QString shortened(const QString& value) {
+    if (value.size() <= kValueLimit) return value;
+    const qsizetype hidden = value.size() - 2 * kKept;
+    return value.left(kKept) + XmlView::tr(" … %1 characters … ").arg(QLocale().toString(hidden)) + value.right(kKept);
+}
+
+void copyElement(const QXmlStreamReader& from, QXmlStreamWriter& to) {
+    to.writeStartElement(from.qualifiedName().toString());
+    for (const QXmlStreamAttribute& attribute : from.attributes()) {
+        to.writeAttribute(attribute.qualifiedName().toString(), shortened(attribute.value().toString()));
+    }
+}
 
 } // namespace
 
-QString shortened(const QString& document) {
-    QStringList lines = document.split(QLatin1Char('\n'));
-    for (QString& line : lines) {
-        if (line.size() <= kLineLimit) continue;
-        const qsizetype hidden = line.size() - 2 * kKept;
-        line = line.left(kKept) + XmlView::tr(" … %1 characters … ").arg(QLocale().toString(hidden)) + line.right(kKept);
+QString forScreen(const QString& document) {
+    QString text;
+    QXmlStreamReader from(document);
+    QXmlStreamWriter to(&text);
+    to.setAutoFormatting(true);
+    to.setAutoFormattingIndent(2);
+    while (!from.atEnd()) {
+        switch (from.readNext()) {
+        case QXmlStreamReader::StartElement:
+            copyElement(from, to);
+            break;
+        case QXmlStreamReader::EndElement:
+            to.writeEndElement();
+            break;
+        case QXmlStreamReader::Characters:
+            if (!from.isWhitespace()) to.writeCharacters(shortened(from.text().toString()));
+            break;
+        case QXmlStreamReader::Comment:
+            to.writeComment(from.text().toString());
+            break;
+        default:
+            break;
+        }
     }
-    return lines.join(QLatin1Char('\n'));
+    return from.hasError() ? shortened(document) : text.trimmed();
 }
 
 XmlView::XmlView(QWidget* parent) : QWidget(parent) {
@@ -83,7 +115,7 @@ void XmlView::showEvent(QShowEvent* event) {
 }
 
 void XmlView::load() {
-    if (!document_) text_->setPlainText(shortened(controls::toQt(document())));
+    if (!document_) text_->setPlainText(forScreen(controls::toQt(document())));
 }
 
 void XmlView::copy() { QGuiApplication::clipboard()->setText(controls::toQt(document())); }

@@ -37,7 +37,7 @@ private:
     std::optional<std::string> document_;
 };
 
-// A line of the document as the screen shows it.
-QString shortened(const QString& document);
+// The document as the screen shows it: indented, long values shortened.
+QString forScreen(const QString& document);
 
 } // namespace corvane::editor

@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 #include <filesystem>
@@ -38,7 +37,6 @@ int main(int count, char** arguments) {
     QApplication::setApplicationDisplayName(QStringLiteral("Corvane Editor"));
     QApplication::setApplicationVersion(corvane::controls::toQt(corvane::kVersion));
     QApplication::setDesktopFileName(QStringLiteral("corvane-editor"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/corvane-editor.svg")));
 
     QTranslator ofQt, ours;
     if (ofQt.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),

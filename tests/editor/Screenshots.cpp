@@ -3,8 +3,11 @@
 
 #include "apps/editor/MainWindow.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTableView>
@@ -55,6 +58,32 @@ void takeAll(Camera& camera, const QString& files) {
     auto& view = *window.findChild<QTableView*>(QStringLiteral("files"));
     view.selectRow(0);
     camera.take(window, "single");
+    auto& many = *window.findChild<ManyPages*>();
+    view.selectAll();
+    QTest::qWait(300);
+    camera.take(window, "many");
+    many.setCurrentIndex(1);
+    camera.take(window, "many-id3v1");
+    many.setCurrentIndex(0);
+    many.findChild<QLineEdit*>(QStringLiteral("many2"))->setText(QStringLiteral("Ein langer gemeinsamer Albumtitel"));
+    camera.take(window, "many-edited");
+    window.findChild<QAction*>(QStringLiteral("preview"))->trigger();
+    if (!QTest::qWaitFor([&window] { return window.findChild<QDialog*>(QStringLiteral("preview")) != nullptr; }))
+        return;
+    auto* preview = window.findChild<QDialog*>(QStringLiteral("preview"));
+    camera.take(*preview, "preview");
+    preview->reject();
+    window.session().undoStack().undo();
+    view.selectRow(0);
+    QTest::qWait(100);
+    for (const char* name : {"convertCase", "numberTracks", "chooseGenre", "about"}) {
+        window.findChild<QAction*>(QLatin1String(name))->trigger();
+        QTest::qWait(50);
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            camera.take(*dialog, name);
+            dialog->reject();
+        }
+    }
     auto& pages = *window.findChild<FilePages*>();
     for (int page = 1; page < pages.count(); ++page) {
         pages.setCurrentIndex(page);

@@ -1,0 +1,134 @@
+// Several files in the window: mixed values, touched fields, tools.
+#include "apps/editor/NumberDialog.h"
+#include "tests/controls/Registry.h"
+#include "tests/editor/EditorWindow.h"
+
+#include <QCheckBox>
+
+using namespace corvane::editor;
+using namespace corvane::test;
+
+namespace {
+
+struct TwoFiles {
+    EditorWindow window;
+    Mp3File first = taggedFile(window.folder(), "a.mp3", "One");
+    Mp3File second = taggedFile(window.folder(), "b.mp3", "Two");
+
+    bool open() { return window.open({first.path(), second.path()}) && window.select({0, 1}); }
+    bool save() {
+        window.action("save").trigger();
+        return window.waitForSave();
+    }
+};
+
+const char* const kTitle = "many0";
+const char* const kArtist = "many1";
+const char* const kAlbum = "many2";
+
+} // namespace
+
+class EditManyTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void CommonValuesAreShownAndMixedOnesAreNot() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        QCOMPARE(files.window.field(kArtist).text(), QStringLiteral("An artist"));
+        QCOMPARE(files.window.field(kTitle).text(), QString());
+        QVERIFY(!files.window.field(kTitle).placeholderText().isEmpty());
+    }
+
+    void OnlyTouchedFieldsAreWritten() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        const QColor untouched = background(files.window.field(kAlbum));
+        files.window.field(kAlbum).selectAll();
+        type(files.window.field(kAlbum), "Both");
+        QVERIFY(background(files.window.field(kAlbum)) != untouched);
+        QCOMPARE(background(files.window.field(kArtist)), untouched);
+        QVERIFY(files.first.isUnchanged() && files.second.isUnchanged());
+        QVERIFY(files.save());
+        const FileTags first = readTags(files.first.path()), second = readTags(files.second.path());
+        QCOMPARE(first.v2[Field::Album], std::string("Both"));
+        QCOMPARE(second.v1[Field::Album], std::string("Both"));
+        QCOMPARE(first.v2[Field::Title], std::string("One"));
+        QCOMPARE(second.v2[Field::Title], std::string("Two"));
+        QVERIFY(hasItsAudio(files.first) && hasItsAudio(files.second));
+    }
+
+    void UndoBringsAllFilesBackInOneStep() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        type(files.window.field(kTitle), "Same");
+        QCOMPARE(files.window.cell(1, FileTable::Title), QStringLiteral("Same"));
+        files.window.action("undo").trigger();
+        QCOMPARE(files.window.cell(0, FileTable::Title), QStringLiteral("One"));
+        QCOMPARE(files.window.cell(1, FileTable::Title), QStringLiteral("Two"));
+        QCOMPARE(files.window.field(kTitle).text(), QString());
+        QVERIFY(!files.window->isWindowModified());
+    }
+
+    void EmptiedFieldIsDeletedInAll() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window.field(kArtist).selectAll();
+        QTest::keyClick(&files.window.field(kArtist), Qt::Key_Delete);
+        QVERIFY(files.save());
+        QCOMPARE(readTags(files.first.path()).v2[Field::Artist], std::string());
+        QCOMPARE(readTags(files.second.path()).v1[Field::Artist], std::string());
+    }
+
+    void Id3v1PageEditsTheRecordsAlone() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window->findChild<ManyPages*>()->setCurrentIndex(1);
+        auto& comment = files.window.field("txtComment");
+        comment.selectAll();
+        type(comment, "For all records");
+        QVERIFY(files.save());
+        for (const Mp3File* file : {&files.first, &files.second}) {
+            const FileTags tags = readTags(file->path());
+            QCOMPARE(tags.v1[Field::Comment], std::string("For all records"));
+            QCOMPARE(tags.v2[Field::Comment], std::string());
+        }
+    }
+
+    void TracksAreNumberedInTheOrderOfTheList() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window->list().view().sortByColumn(FileTable::Title, Qt::DescendingOrder);
+        QVERIFY(files.window.select({0, 1}));
+        files.window.action("numberTracks").trigger();
+        auto* dialog = files.window->findChild<NumberDialog*>();
+        QVERIFY(dialog != nullptr);
+        child<QSpinBox>(*dialog, "first").setValue(5);
+        dialog->accept();
+        QCOMPARE(files.window->session().wanted(files.second.path())->v2[Field::Track], std::string("5/2"));
+        QCOMPARE(files.window->session().wanted(files.first.path())->v2[Field::Track], std::string("6/2"));
+        QCOMPARE(files.window->session().undoStack().count(), 1);
+        QVERIFY(files.first.isUnchanged());
+    }
+
+    void ToolsAreOfferedForASelectionOnly() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        QVERIFY(files.window.action("copyToV1").isEnabled());
+        files.window->list().view().clearSelection();
+        QTRY_VERIFY(!files.window.action("copyToV1").isEnabled());
+    }
+
+    void RemovedTagsAreRemovedFromAll() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window.action("removeV1").trigger();
+        QVERIFY(files.save());
+        QVERIFY(!readTags(files.first.path()).v1.present);
+        QVERIFY(!readTags(files.second.path()).v1.present);
+        QVERIFY(readTags(files.second.path()).v2.present);
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<EditManyTest>("EditManyTest");
+#include <EditManyTest.moc>

@@ -1,0 +1,146 @@
+// One file in the window: shown, edited, undone, saved, reverted.
+#include "tests/controls/Registry.h"
+#include "tests/editor/EditorWindow.h"
+
+#include <QCheckBox>
+#include <QTreeWidget>
+
+using namespace corvane::editor;
+using namespace corvane::test;
+
+class EditOneTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void SelectedFileIsShownOnAllPages() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "A title");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QCOMPARE(window.field("txtTitle").text(), QStringLiteral("A title"));
+        auto& pages = *window->findChild<FilePages*>();
+        pages.setCurrentIndex(3);
+        const auto rows =
+            child<QTreeWidget>(*window, "technical").findItems("MPEG", Qt::MatchContains | Qt::MatchRecursive, 1);
+        QCOMPARE(rows.size(), 1);
+        pages.setCurrentIndex(4);
+        QVERIFY(child<QPlainTextEdit>(*window, "xmlText").toPlainText().contains("A title"));
+    }
+
+    void TypingChangesTheListAndNoByteOfTheFile() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        window.field("txtTitle").selectAll();
+        type(window.field("txtTitle"), "New");
+        QCOMPARE(window.cell(0, FileTable::Title), QStringLiteral("New"));
+        QVERIFY(window->isWindowModified());
+        QVERIFY(window.action("save").isEnabled());
+        QVERIFY(file.isUnchanged());
+    }
+
+    void UndoTakesTheWholeWordBackAlsoInsideTheTextBox() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        type(window.field("txtTitle"), "er");
+        QTest::keyClick(&window.field("txtTitle"), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(window.field("txtTitle").text(), QStringLiteral("Old"));
+        QVERIFY(!window->isWindowModified());
+        window.action("redo").trigger();
+        QVERIFY(window.field("txtTitle").text() != QStringLiteral("Old"));
+        QVERIFY(window->isWindowModified());
+    }
+
+    void SavedFileHasTheNewValuesAndItsAudio() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        window.field("txtTitle").selectAll();
+        type(window.field("txtTitle"), "New");
+        window->findChild<FilePages*>()->setCurrentIndex(1);
+        window.field("txtComment").selectAll();
+        type(window.field("txtComment"), "Of ID3v1");
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        const FileTags tags = readTags(file.path());
+        QCOMPARE(tags.v2[Field::Title], std::string("New"));
+        QCOMPARE(tags.v2[Field::Artist], std::string("An artist"));
+        QCOMPARE(tags.v1[Field::Comment], std::string("Of ID3v1"));
+        QVERIFY(!window->isWindowModified());
+        QVERIFY(!window.action("undo").isEnabled());
+        QVERIFY(!window.cell(0, FileTable::Name).startsWith(QChar(0x2022)));
+    }
+
+    void RevertedFileShowsWhatItHas() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        type(window.field("txtTitle"), "er");
+        window.action("revert").trigger();
+        QCOMPARE(window.field("txtTitle").text(), QStringLiteral("Old"));
+        QVERIFY(!window->isWindowModified());
+        window.action("undo").trigger();
+        QVERIFY(window->isWindowModified());
+    }
+
+    void ChangesWaitWhileOtherFilesAreLookedAt() {
+        EditorWindow window;
+        const Mp3File first = taggedFile(window.folder(), "a.mp3", "Old"),
+                      second = taggedFile(window.folder(), "b.mp3", "Other");
+        QVERIFY(window.open({first.path(), second.path()}));
+        QVERIFY(window.select({0}));
+        window.field("txtTitle").selectAll();
+        type(window.field("txtTitle"), "New");
+        QVERIFY(window.select({1}));
+        QTRY_COMPARE(window.field("txtTitle").text(), QStringLiteral("Other"));
+        QVERIFY(window.select({0}));
+        QTRY_COMPARE(window.field("txtTitle").text(), QStringLiteral("New"));
+        QVERIFY(first.isUnchanged() && second.isUnchanged());
+    }
+
+    void FileWithoutTagsGetsOneWhenTheBoxIsChecked() {
+        EditorWindow window;
+        const Mp3File file = plainFile(window.folder(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        auto& box = child<QCheckBox>(*window, "chkID3v2");
+        QVERIFY(!box.isChecked());
+        QVERIFY(window.field("txtTitle").isReadOnly());
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+        type(window.field("txtTitle"), "Fresh");
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        const FileTags tags = readTags(file.path());
+        QCOMPARE(tags.v2[Field::Title], std::string("Fresh"));
+        QVERIFY(!tags.v1.present);
+    }
+
+    void UncheckedBoxRemovesTheTag() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        auto& box = child<QCheckBox>(*window, "chkID3v2");
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+        QVERIFY(!window.cell(0, FileTable::Tags).contains("ID3v2"));
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        QVERIFY(!readTags(file.path()).v2.present);
+        QVERIFY(file.audioIsUntouched());
+    }
+
+    void FileThatCannotBeReadSaysWhy() {
+        EditorWindow window;
+        QVERIFY(window.open({window.folder().path("missing.mp3")}));
+        window->list().view().selectRow(0);
+        QTRY_VERIFY(child<QLabel>(*window, "hint").text().contains("cannot be read"));
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<EditOneTest>("EditOneTest");
+#include <EditOneTest.moc>

@@ -1,0 +1,102 @@
+#include "apps/editor/Loader.h"
+
+#include "tests/controls/Registry.h"
+#include "tests/editor/EditorFiles.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace corvane::editor;
+using namespace corvane::test;
+
+namespace {
+
+constexpr int kWait = 30000; // milliseconds
+
+} // namespace
+
+class LoaderTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void FilesBelowAFolderAreRead() {
+        const ScratchFolder folder;
+        taggedFile(folder, "a.mp3", "First");
+        taggedFile(folder, "B.MP3", "Second");
+        folder.write("c.txt", {});
+        Loader loader;
+        FileRows rows;
+        connect(&loader, &Loader::loaded, this, [&rows](const FileRows& batch) { rows += batch; });
+        QSignalSpy finished(&loader, &Loader::finished);
+        loader.load({folder.path()});
+        QVERIFY(finished.wait(kWait));
+        QCOMPARE(finished.front().front().toBool(), true);
+        QCOMPARE(rows.size(), 2);
+        QCOMPARE(rows[0].summary.title, std::string("Second"));
+        QCOMPARE(rows[1].summary.title, std::string("First"));
+    }
+
+    void FileThatCannotBeReadIsARowWithItsReason() {
+        Loader loader;
+        QSignalSpy loaded(&loader, &Loader::loaded);
+        loader.load({"/nowhere/at/all.mp3"});
+        QVERIFY(loaded.wait(kWait));
+        const auto rows = loaded.front().front().value<FileRows>();
+        QCOMPARE(rows.size(), 1);
+        QVERIFY(!rows.front().failure.empty());
+    }
+
+    void FirstRowsComeLongBeforeTheLast() {
+        const ScratchFolder folder;
+        for (int at = 0; at < 400; ++at) plainFile(folder, std::to_string(at) + ".mp3");
+        Loader loader;
+        QSignalSpy loaded(&loader, &Loader::loaded), finished(&loader, &Loader::finished);
+        loader.load({folder.path()});
+        QVERIFY(finished.wait(kWait));
+        QVERIFY(loaded.count() > 1);
+        QCOMPARE(loaded.front().front().value<FileRows>().size(), 100);
+    }
+
+    void CancelledLoadEndsEarly() {
+        const ScratchFolder folder;
+        for (int at = 0; at < 2000; ++at) plainFile(folder, std::to_string(at) + ".mp3");
+        Loader loader;
+        qsizetype count = 0;
+        connect(&loader, &Loader::loaded, this, [&](const FileRows& batch) {
+            count += batch.size();
+            loader.cancel();
+        });
+        QSignalSpy finished(&loader, &Loader::finished);
+        loader.load({folder.path(), folder.path(), folder.path(), folder.path(), folder.path(), folder.path()});
+        QVERIFY(finished.wait(kWait));
+        QCOMPARE(finished.front().front().toBool(), false);
+        QVERIFY(count < 12000);
+        QVERIFY(!loader.isRunning());
+    }
+
+    void SecondLoadWaitsForTheFirst() {
+        const ScratchFolder folder;
+        const Mp3File first = taggedFile(folder, "a.mp3", "First"), second = taggedFile(folder, "b.mp3", "Second");
+        Loader loader;
+        QSignalSpy finished(&loader, &Loader::finished);
+        FileRows rows;
+        connect(&loader, &Loader::loaded, this, [&rows](const FileRows& batch) { rows += batch; });
+        loader.load({first.path()});
+        loader.load({second.path()});
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, kWait);
+        QCOMPARE(rows.size(), 2);
+    }
+
+    void LoaderThatDiesWhileItWorksIsWaitedFor() {
+        const ScratchFolder folder;
+        for (int at = 0; at < 300; ++at) plainFile(folder, std::to_string(at) + ".mp3");
+        for (int round = 0; round < 5; ++round) {
+            Loader loader;
+            loader.load({folder.path()});
+        }
+        QCOMPARE(namesIn(folder.path()).size(), std::size_t{300});
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<LoaderTest>("LoaderTest");
+#include <LoaderTest.moc>

@@ -1,0 +1,195 @@
+// The window around the editors: opening, preview, report, closing.
+#include "apps/editor/ChangeTree.h"
+#include "tests/controls/Registry.h"
+#include "tests/editor/EditorWindow.h"
+
+#include <QMimeData>
+#include <QToolButton>
+
+using namespace corvane::editor;
+using namespace corvane::test;
+
+namespace {
+
+// A window with one file whose title has been changed and not saved.
+struct ChangedFile {
+    EditorWindow window;
+    Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
+
+    bool open() {
+        if (!window.open({file.path()}) || !window.select({0})) return false;
+        window.field("txtTitle").selectAll();
+        type(window.field("txtTitle"), "New");
+        return window->isWindowModified();
+    }
+    std::string title() const { return readTags(file.path()).v2[Field::Title]; }
+};
+
+} // namespace
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void DroppedFolderIsOpened() {
+        EditorWindow window;
+        taggedFile(window.folder(), "a.mp3", "One");
+        QVERIFY(window.open({}));
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(window.folder().path()))});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&*window, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&*window, &drop);
+        QTRY_COMPARE(window->table().rowCount(), 1);
+    }
+
+    void OpenedPathsAreRemembered() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "One");
+        QVERIFY(window.open({file.path()}));
+        auto& recent = child<QMenu>(*window, "recent");
+        Q_EMIT recent.aboutToShow();
+        QCOMPARE(recent.actions().front()->text(), QString::fromStdString(file.path()));
+        const Mp3File other = taggedFile(window.folder(), "b.mp3", "Two");
+        for (int at = 0; at < 12; ++at) RecentPaths(window.settings()).add(QString::number(at));
+        QCOMPARE(RecentPaths(window.settings()).paths().size(), RecentPaths::kLimit);
+        QCOMPARE(RecentPaths(window.settings()).paths().front(), QStringLiteral("11"));
+    }
+
+    void FilterShowsFewerFilesAndSaysSo() {
+        EditorWindow window;
+        taggedFile(window.folder(), "a.mp3", "Air");
+        taggedFile(window.folder(), "b.mp3", "Fugue");
+        QVERIFY(window.open({window.folder().path()}));
+        type(window->list().words(), "fug");
+        QCOMPARE(window->list().shownCount(), 1);
+        QCOMPARE(child<QLabel>(*window, "count").text(), QStringLiteral("1 of 2 files"));
+    }
+
+    void CancelButtonEndsALoad() {
+        EditorWindow window;
+        for (int at = 0; at < 3000; ++at) plainFile(window.folder(), std::to_string(at) + ".mp3");
+        auto& cancel = child<QToolButton>(*window, "jobCancel");
+        QVERIFY(showWindow(*window));
+        window->open({window.folder().path(), window.folder().path(), window.folder().path()});
+        QTRY_VERIFY(cancel.isVisible());
+        QTest::mouseClick(&cancel, Qt::LeftButton);
+        QTRY_VERIFY(!window->loader().isRunning());
+        QTRY_VERIFY(!cancel.isVisible());
+        QVERIFY(window->table().rowCount() <= 3000);
+    }
+
+    void PreviewShowsWhatSavingWouldDoAndSavesWhenAccepted() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        changed.window.action("preview").trigger();
+        QDialog* preview = changed.window.waitForDialog("preview");
+        QVERIFY(preview != nullptr);
+        QCOMPARE(child<QLabel>(*preview, "summary").text(), QStringLiteral("1 files will change."));
+        const auto rows = preview->findChild<ChangeTree*>()->findItems("New", Qt::MatchExactly | Qt::MatchRecursive, 2);
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows.front()->text(1), QStringLiteral("Old"));
+        QVERIFY(changed.file.isUnchanged());
+        preview->accept();
+        QVERIFY(changed.window.waitForSave());
+        QCOMPARE(changed.title(), std::string("New"));
+    }
+
+    void ReportNamesTheFileThatFailedAndItsChangesAreKept() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        const std::string path = changed.file.path();
+        QVERIFY(::rename(path.c_str(), (path + ".moved").c_str()) == 0);
+        changed.window.action("save").trigger();
+        QDialog* report = changed.window.waitForDialog("report");
+        QVERIFY(report != nullptr);
+        QCOMPARE(child<QLabel>(*report, "summary").text(), QStringLiteral("0 files were saved, 1 failed."));
+        auto* tree = report->findChild<ChangeTree*>();
+        QCOMPARE(tree->topLevelItem(0)->text(0), QString::fromStdString(path));
+        QVERIFY(tree->topLevelItem(0)->child(0)->text(0).contains("No such file"));
+        QVERIFY(changed.window->isWindowModified());
+        QVERIFY(::rename((path + ".moved").c_str(), path.c_str()) == 0);
+        changed.window.action("save").trigger();
+        QVERIFY(changed.window.waitForSave());
+        QCOMPARE(changed.title(), std::string("New"));
+        QVERIFY(!changed.window->isWindowModified());
+    }
+
+    void ClosingWithChangesAsksAndCanBeCancelled() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        answer(QMessageBox::Cancel);
+        QVERIFY(!changed.window->close());
+        QVERIFY(changed.window->isVisible());
+        QVERIFY(changed.file.isUnchanged());
+        QVERIFY(changed.window->isWindowModified());
+    }
+
+    void ClosingWithChangesCanThrowThemAway() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        answer(QMessageBox::Discard);
+        changed.window->close();
+        QTRY_VERIFY(!changed.window->isVisible());
+        QVERIFY(changed.file.isUnchanged());
+    }
+
+    void ClosingWithChangesCanSaveThem() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        answer(QMessageBox::Save);
+        changed.window->close();
+        QTRY_VERIFY(!changed.window->isVisible());
+        QCOMPARE(changed.title(), std::string("New"));
+    }
+
+    void WindowStaysOpenWhenThatSaveFails() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        QVERIFY(::unlink(changed.file.path().c_str()) == 0);
+        answer(QMessageBox::Save);
+        changed.window->close();
+        QVERIFY(changed.window.waitForDialog("report") != nullptr);
+        QVERIFY(changed.window->isVisible());
+    }
+
+    void ClosingAllFilesEmptiesTheList() {
+        EditorWindow window;
+        taggedFile(window.folder(), "a.mp3", "Air");
+        QVERIFY(window.open({window.folder().path()}));
+        window.action("closeFiles").trigger();
+        QCOMPARE(window->table().rowCount(), 0);
+        QVERIFY(showWindow(*window));
+    }
+
+    void LookingAtFilesWritesNothing() {
+        EditorWindow window;
+        const Mp3File first = taggedFile(window.folder(), "a.mp3", "One"),
+                      second = taggedFile(window.folder(), "b.mp3", "Two", 4),
+                      third = plainFile(window.folder(), "c.mp3");
+        QVERIFY(window.open({first.path(), second.path(), third.path()}));
+        for (const int row : {0, 1, 2}) {
+            QVERIFY(window.select({row}));
+            QTest::qWait(50);
+        }
+        QVERIFY(window.select({0, 1, 2}));
+        QVERIFY(!window->isWindowModified());
+        QVERIFY(!window.action("save").isEnabled());
+        window->close();
+        QVERIFY(first.isUnchanged() && second.isUnchanged() && third.isUnchanged());
+    }
+
+    void WindowComesBackAsItWas() {
+        EditorWindow window;
+        QVERIFY(window.open({}));
+        window->list().view().setColumnWidth(FileTable::Title, 333);
+        window->close();
+        MainWindow next(window.settings());
+        QCOMPARE(next.list().view().columnWidth(FileTable::Title), 333);
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<MainWindowTest>("MainWindowTest");
+#include <MainWindowTest.moc>

@@ -1,0 +1,192 @@
+#include "apps/editor/SaveJob.h"
+
+#include "apps/editor/ChangeDialog.h"
+#include "apps/editor/ChangeTree.h"
+#include "apps/editor/OpenedFile.h"
+#include "apps/editor/Tools.h"
+#include "tests/controls/Registry.h"
+#include "tests/editor/EditorFiles.h"
+#include "tests/support/ImageBuilder.h"
+#include "tests/support/Process.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace corvane::editor;
+using namespace corvane::test;
+using Mode = SaveJob::Mode;
+
+namespace {
+
+FileToSave toSave(const std::string& path, const std::function<FileTags(FileTags)>& tool) {
+    const FileTags tags = readTags(path);
+    return {path, std::make_shared<const FileTags>(tags), std::make_shared<const FileTags>(tool(tags))};
+}
+
+FileToSave titled(const std::string& path, const std::string& title) {
+    return toSave(path, [&](FileTags tags) { return withText(std::move(tags), Field::Title, title); });
+}
+
+} // namespace
+
+class SaveJobTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void PreviewTellsWhatChangesAndWritesNothing() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const SaveResult result = saveFile(titled(file.path(), "New"), Mode::Preview);
+        QVERIFY(result.failure.empty());
+        QCOMPARE(result.plan.tags.size(), std::size_t{2});
+        QCOMPARE(result.plan.tags[0].changes.front().before, std::string("Old"));
+        QCOMPARE(result.plan.tags[0].changes.front().after, std::string("New"));
+        QVERIFY(file.isUnchanged());
+        QVERIFY(!result.newRow.has_value());
+    }
+
+    void OnlyTouchedFieldsAreWritten() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const FileTags before = readTags(file.path());
+        const SaveResult result = saveFile(titled(file.path(), "New"), Mode::Save);
+        QCOMPARE(result.failure, std::string());
+        FileTags expected = before;
+        expected.v1[Field::Title] = expected.v2[Field::Title] = "New";
+        QCOMPARE(readTags(file.path()), expected);
+        QCOMPARE(result.newRow->summary.title, std::string("New"));
+    }
+
+    void AudioStaysAsItIs() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const auto save = toSave(file.path(), [](FileTags tags) {
+            tags.v2[Field::Title] = std::string(5000, 'x');
+            tags.v2[Field::Lyrics] = "one\ntwo";
+            tags.v2[Field::SyncedLyrics] = "[00:01.0] one\n[00:02.0] two";
+            return tags;
+        });
+        QCOMPARE(saveFile(save, Mode::Save).failure, std::string());
+        QVERIFY(file.audioIsUntouched());
+        QCOMPARE(readTags(file.path()).v2, save.wanted->v2);
+    }
+
+    void FileWithoutTagsGetsBoth() {
+        const ScratchFolder folder;
+        const Mp3File file = plainFile(folder, "a.mp3");
+        QCOMPARE(saveFile(titled(file.path(), "New"), Mode::Save).failure, std::string());
+        const FileTags tags = readTags(file.path());
+        QCOMPARE(tags.v1[Field::Title], std::string("New"));
+        QCOMPARE(tags.v2[Field::Title], std::string("New"));
+    }
+
+    void PictureComesOutAsItWentIn() {
+        const ScratchFolder folder;
+        const Mp3File file = plainFile(folder, "a.mp3");
+        const auto picture = corvane::Picture::fromBytes(jpegImage(64, 48));
+        const auto save = toSave(file.path(), [&](FileTags tags) { return withPicture(std::move(tags), picture); });
+        QCOMPARE(saveFile(save, Mode::Save).failure, std::string());
+        OpenedFile opened(file.path());
+        const auto stored = opened.id3v2Tag(opened.tags().v2)->Picture();
+        QVERIFY(stored != nullptr);
+        QVERIFY(std::ranges::equal(stored->bytes(), picture->bytes()));
+        const auto removal = toSave(file.path(), [](FileTags tags) { return withPicture(std::move(tags), nullptr); });
+        QCOMPARE(saveFile(removal, Mode::Save).failure, std::string());
+        QCOMPARE(file.content(), file.original());
+    }
+
+    void RemovedTagsAreGoneAndTheRestIsKept() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const auto save = toSave(file.path(), [](FileTags tags) { return withoutV1(withoutV2(std::move(tags))); });
+        const SaveResult result = saveFile(save, Mode::Save);
+        QCOMPARE(result.failure, std::string());
+        QCOMPARE(countsOf({result}).changed, 1);
+        corvane::ByteArray expected = Mp3File::usualRest();
+        expected.resize(expected.size() - 128);
+        QCOMPARE(file.content(), expected);
+    }
+
+    void FileOfNothingButTagsLosesBoth() {
+        const ScratchFolder folder;
+        Id3v2Builder tag;
+        tag.text("TIT2", "T");
+        const Mp3File file(folder, tag.done(), Id3v1Builder().title("T").done(), "a.mp3");
+        const auto save = toSave(file.path(), [](FileTags tags) { return withoutV1(withoutV2(std::move(tags))); });
+        QCOMPARE(saveFile(save, Mode::Save).failure, std::string());
+        QVERIFY(file.content().empty());
+    }
+
+    void TagOfAnotherVersionIsRefusedAndNothingIsWritten() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old", 4);
+        const SaveResult result = saveFile(titled(file.path(), "New"), Mode::Save);
+        QVERIFY(result.failure.find("2.4") != std::string::npos);
+        QVERIFY(file.isUnchanged());
+    }
+
+    void TrackNumberThatARecordCannotHoldIsRefused() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const auto save = toSave(file.path(), [](FileTags tags) {
+            tags.v1[Field::Track] = "300";
+            return tags;
+        });
+        const SaveResult result = saveFile(save, Mode::Save);
+        QCOMPARE(result.failure, std::string("ID3v1 has no track number 300"));
+        QVERIFY(file.isUnchanged());
+    }
+
+    void TextThatIsCutInTheRecordIsAWarning() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const SaveResult result = saveFile(titled(file.path(), std::string(40, 'x')), Mode::Preview);
+        QCOMPARE(result.plan.warnings.size(), std::size_t{1});
+        QCOMPARE(summaryOf({result}, Mode::Preview), QStringLiteral("1 files will change, 1 with warnings."));
+    }
+
+    void FileThatFailsIsNamedAndTheOthersAreSaved() {
+        const ScratchFolder folder;
+        const Mp3File first = taggedFile(folder, "a.mp3", "Old"), second = taggedFile(folder, "b.mp3", "Old"),
+                      third = taggedFile(folder, "c.mp3", "Old");
+        std::vector<FileToSave> files{titled(first.path(), "New"), titled(second.path(), "New"),
+                                      titled(third.path(), "New")};
+        ::unlink(second.path().c_str());
+        SaveJob job;
+        QSignalSpy finished(&job, &SaveJob::finished);
+        job.run(files, Mode::Save);
+        QVERIFY(finished.wait(30000));
+        QCOMPARE(job.results().size(), 3);
+        QCOMPARE(readTags(first.path()).v2[Field::Title], std::string("New"));
+        QCOMPARE(readTags(third.path()).v2[Field::Title], std::string("New"));
+        const QString report = textOf(job.results());
+        QVERIFY(report.contains(QString::fromStdString(second.path()) + "\n  failed: "));
+        ChangeTree tree;
+        tree.show(job.results());
+        QCOMPARE(tree.topLevelItem(0)->text(0), QString::fromStdString(second.path()));
+        QVERIFY(!tree.topLevelItem(0)->child(0)->text(0).isEmpty());
+    }
+
+    void CancelledSaveStopsBetweenTwoFiles() {
+        const ScratchFolder folder;
+        std::vector<FileToSave> files;
+        for (int at = 0; at < 200; ++at) {
+            files.push_back(titled(taggedFile(folder, std::to_string(at) + ".mp3", "Old").path(), "New"));
+        }
+        SaveJob job;
+        QSignalSpy finished(&job, &SaveJob::finished);
+        job.run(files, Mode::Save);
+        job.cancel();
+        QVERIFY(finished.wait(30000));
+        QCOMPARE(finished.front().front().toBool(), false);
+        QVERIFY(job.results().size() < 200);
+        for (const FileToSave& file : files) {
+            const bool isDone = std::any_of(job.results().begin(), job.results().end(),
+                                            [&](const SaveResult& result) { return result.path == file.path; });
+            QCOMPARE(readTags(file.path).v2[Field::Title], std::string(isDone ? "New" : "Old"));
+        }
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<SaveJobTest>("SaveJobTest");
+#include <SaveJobTest.moc>

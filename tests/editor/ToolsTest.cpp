@@ -1,0 +1,162 @@
+#include "apps/editor/Tools.h"
+
+#include "corvane/controls/BatchString.h"
+
+#include "apps/editor/PendingSummary.h"
+#include "tests/controls/Registry.h"
+#include "tests/support/ImageBuilder.h"
+
+#include <QtTest>
+
+using namespace corvane::editor;
+using corvane::controls::BatchString;
+
+namespace {
+
+FileTags both() {
+    FileTags tags;
+    tags.v1.present = tags.v2.present = true;
+    return tags;
+}
+
+} // namespace
+
+class ToolsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TextGoesIntoTheTagsThatTheFileHas_data() {
+        QTest::addColumn<bool>("v1");
+        QTest::addColumn<bool>("v2");
+        QTest::addColumn<QString>("expected"); // which tags have the text then
+        QTest::newRow("both") << true << true << "12";
+        QTest::newRow("ID3v1") << true << false << "1";
+        QTest::newRow("ID3v2") << false << true << "2";
+        QTest::newRow("neither") << false << false << "12";
+    }
+    void TextGoesIntoTheTagsThatTheFileHas() {
+        QFETCH(bool, v1);
+        QFETCH(bool, v2);
+        FileTags tags;
+        tags.v1.present = v1;
+        tags.v2.present = v2;
+        tags = withText(tags, Field::Title, "Title");
+        QString found;
+        if (tags.v1.present && tags.v1[Field::Title] == "Title") found += '1';
+        if (tags.v2.present && tags.v2[Field::Title] == "Title") found += '2';
+        QTEST(found, "expected");
+    }
+
+    void FieldOfId3v2AloneGivesTheFileThatTag() {
+        FileTags tags;
+        tags.v1.present = true;
+        tags = withText(tags, Field::Composer, "Somebody");
+        QVERIFY(tags.v2.present);
+        QCOMPARE(tags.v2[Field::Composer], std::string("Somebody"));
+        QVERIFY(tags.v1[Field::Composer].empty());
+    }
+
+    void GenreAndTrackTakeTheFormOfTheTag() {
+        FileTags tags = withText(both(), Field::Genre, "Classical");
+        QCOMPARE(tags.v1[Field::Genre], std::string("32"));
+        QCOMPARE(tags.v2[Field::Genre], std::string("Classical"));
+        tags = withText(tags, Field::Track, "3/12");
+        QCOMPARE(tags.v1[Field::Track], std::string("3"));
+        QCOMPARE(tags.v2[Field::Track], std::string("3/12"));
+    }
+
+    void Id3v1GenreIsFoundInEveryForm_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("number");
+        QTest::newRow("name") << "classical"
+                              << "32";
+        QTest::newRow("number") << "32"
+                                << "32";
+        QTest::newRow("reference") << "(32)"
+                                   << "32";
+        QTest::newRow("both") << "(32)Classical"
+                              << "32";
+        QTest::newRow("none") << ""
+                              << "";
+        QTest::newRow("unknown") << "Spectral whispering"
+                                 << "";
+    }
+    void Id3v1GenreIsFoundInEveryForm() {
+        QFETCH(QString, text);
+        QTEST(QString::fromStdString(id3v1Genre(text.toStdString())), "number");
+    }
+
+    void CopyKeepsWhatTheOtherTagLacks() {
+        FileTags tags = both();
+        tags.v1[Field::Title] = "From 1";
+        tags.v1[Field::Genre] = "17";
+        tags.v2[Field::Title] = "From 2";
+        tags.v2[Field::Artist] = "Kept";
+        tags = withCopyToV2(tags);
+        QCOMPARE(tags.v2[Field::Title], std::string("From 1"));
+        QCOMPARE(tags.v2[Field::Genre], std::string("(17)"));
+        QCOMPARE(tags.v2[Field::Artist], std::string("Kept"));
+    }
+
+    void CopyFromId3v1DoesNotShortenALongText() {
+        FileTags tags = both();
+        tags.v2[Field::Title] = "A title that has many more characters than a record";
+        tags.v1[Field::Title] = "A title that has many more cha";
+        QCOMPARE(withCopyToV2(tags).v2[Field::Title], tags.v2[Field::Title]);
+    }
+
+    void CopyGivesTheOtherTag() {
+        FileTags tags;
+        tags.v2.present = true;
+        tags.v2[Field::Title] = "T";
+        tags.v2[Field::Genre] = "(17)Rock";
+        tags.v2[Field::Track] = "3/12";
+        tags = withCopyToV1(tags);
+        QVERIFY(tags.v1.present);
+        QCOMPARE(tags.v1[Field::Genre], std::string("17"));
+        QCOMPARE(tags.v1[Field::Track], std::string("3"));
+        QCOMPARE(withCopyToV1(FileTags()), FileTags());
+    }
+
+    void CaseIsConvertedInTheChosenFieldsOnly() {
+        FileTags tags = both();
+        tags.v1[Field::Title] = tags.v2[Field::Title] = "a TITLE";
+        tags.v2[Field::Artist] = "an ARTIST";
+        tags = withCase(tags, {Field::Title}, BatchString::kProperCase);
+        QCOMPARE(tags.v1[Field::Title], std::string("A Title"));
+        QCOMPARE(tags.v2[Field::Title], std::string("A Title"));
+        QCOMPARE(tags.v2[Field::Artist], std::string("an ARTIST"));
+    }
+
+    void TrackIsWrittenWithItsTotal() {
+        QCOMPARE(withTrack(both(), 3, 12).v2[Field::Track], std::string("3/12"));
+        QCOMPARE(withTrack(both(), 3, 0).v2[Field::Track], std::string("3"));
+        QCOMPARE(withTrack(both(), 300, 0).v1[Field::Track], std::string());
+    }
+
+    void PictureGoesIntoAnId3v2Tag() {
+        const auto picture = corvane::Picture::fromBytes(corvane::test::pngImage(4, 4));
+        QVERIFY(withPicture(FileTags(), picture).v2.present);
+        QCOMPARE(withPicture(FileTags(), nullptr), FileTags());
+        QVERIFY(withPicture(both(), nullptr).v2.picture.has_value());
+    }
+
+    void ListShowsWhatIsWanted() {
+        FileTags inFile = both(), wanted = both();
+        corvane::FileSummary summary;
+        summary.title = "Old";
+        summary.artist = "Somebody";
+        summary.tags = {"ID3v2.3.0", "Lyrics3v2", "ID3v1"};
+        wanted.v2[Field::Title] = "New";
+        wanted.v2[Field::Genre] = "(17)";
+        wanted.v1.present = false;
+        summary = pendingSummary(summary, inFile, wanted);
+        QCOMPARE(summary.title, std::string("New"));
+        QCOMPARE(summary.artist, std::string("Somebody"));
+        QCOMPARE(summary.genre, std::string("Rock"));
+        QCOMPARE(summary.tags, (std::vector<std::string>{"ID3v2.3.0", "Lyrics3v2"}));
+    }
+};
+
+static const bool kRegistered = corvane::test::registerTest<ToolsTest>("ToolsTest");
+#include <ToolsTest.moc>
