@@ -198,6 +198,7 @@ TEST(BackedID3V23Tag, ASaveThatWorksLeavesItsRecordBehind) {
     const auto reader = readerOf(file);
     reader->Title("after");
     EXPECT_TRUE(reader->saveTag());
+    EXPECT_TRUE(file.audioIsUntouched());
     EXPECT_EQ(lastErrorOf(*reader), kUnableToSave);
     EXPECT_EQ(Internals<ID3V23Tag>::getErrorRecord(*reader)->Severity, cError::kError);
     TagOnDisk again(contentOf(file.path()));
@@ -217,6 +218,7 @@ TEST(BackedID3V23Tag, ASaveThatFailsLeavesTheSameRecord) {
 TEST(BackedID3V23Tag, RemovingTakesTheTagOutOfTheFile) {
     TagOnDisk file(Id3v2Builder(3).text("TIT2", "x").padding(300));
     EXPECT_TRUE(readerOf(file)->removeTag());
+    EXPECT_TRUE(file.audioIsUntouched());
     EXPECT_EQ(contentOf(file.path()), ByteArray(200, 0x55));
     EXPECT_EQ(lastErrorOf(*readerOf(file)), "0, , ");
 }

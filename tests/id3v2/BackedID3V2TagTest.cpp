@@ -51,6 +51,7 @@ TEST(BackedID3V2Tag, WritesReachTheFileThroughSaveTag) {
     file.tag.UserURL("http://a/b?c=d");
     EXPECT_EQ(contentOf(file.path()), before);
     EXPECT_TRUE(file.tag.saveTag());
+    EXPECT_TRUE(file.audioIsUntouched());
     EXPECT_EQ(lastErrorOf(file.tag), "0, , ") << "the reader's record is taken over after a failure only";
     TagOnDisk again(contentOf(file.path()));
     EXPECT_EQ(again.tag.Title(), "after");
@@ -78,6 +79,7 @@ TEST(BackedID3V2Tag, SavingOptionsHaveNoEffect) {
     EXPECT_TRUE(file.tag.canSave());
     EXPECT_EQ(file.tag.Title(), "x");
     EXPECT_TRUE(file.tag.saveTag());
+    EXPECT_TRUE(file.audioIsUntouched());
     EXPECT_EQ(contentOf(file.path()), before);
 }
 

@@ -6,6 +6,7 @@
 
 #include "tests/support/ByteBuilder.h"
 #include "tests/support/Id3v2Builder.h"
+#include "tests/support/Mp3File.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <stdexcept>
@@ -22,8 +23,12 @@ public:
         Internals<ID3V2Tag>::setHeader(tag, path_, *header);
     }
     // The tag and some audio behind it.
-    explicit TagOnDisk(const Id3v2Builder& builder)
-        : TagOnDisk(ByteBuilder().bytes(builder.done()).repeat(0x55, 200).done()) {}
+    explicit TagOnDisk(const Id3v2Builder& builder) : TagOnDisk(joined({builder.done(), audio()})) {}
+
+    // What stands behind the tag of a builder.
+    static ByteArray audio() { return ByteArray(200, 0x55); }
+    // Whether it still does, and nothing else, see Mp3File.
+    bool audioIsUntouched() const { return test::audioIsUntouched(contentOf(path_), audio()); }
 
     const std::string& path() const { return path_; }
     const ScratchFolder& folder() const { return folder_; }

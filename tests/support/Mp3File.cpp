@@ -23,6 +23,18 @@ std::size_t toldSize(Bytes front) {
 
 } // namespace
 
+bool audioIsUntouched(Bytes now, Bytes rest) {
+    const bool endsWithRest = now.size() >= rest.size() && std::equal(rest.rbegin(), rest.rend(), now.rbegin());
+    if (!endsWithRest) {
+        std::cerr << "the audio or what stands behind it has changed\n";
+        return false;
+    }
+    const Bytes front = now.first(now.size() - rest.size());
+    if (front.empty() || toldSize(front) == front.size()) return true;
+    std::cerr << front.size() << " bytes stand in front of the audio, a tag of " << toldSize(front) << "\n";
+    return false;
+}
+
 Mp3File::Mp3File(const ScratchFolder& folder, Bytes tag, const std::string& name)
     : Mp3File(folder, tag, usualRest(), name) {}
 
@@ -31,19 +43,7 @@ Mp3File::Mp3File(const ScratchFolder& folder, Bytes tag, Bytes rest, const std::
     path_ = folder.write(name, original_);
 }
 
-bool Mp3File::audioIsUntouched() const {
-    const ByteArray now = content();
-    const bool endsWithRest = now.size() >= rest_.size() && std::equal(rest_.rbegin(), rest_.rend(), now.rbegin());
-    if (!endsWithRest) {
-        std::cerr << path_ << ": the audio or what stands behind it has changed\n";
-        return false;
-    }
-    const Bytes front = Bytes(now).first(now.size() - rest_.size());
-    if (front.empty() || toldSize(front) == front.size()) return true;
-    std::cerr << path_ << ": " << front.size() << " bytes stand in front of the audio, a tag of " << toldSize(front)
-              << "\n";
-    return false;
-}
+bool Mp3File::audioIsUntouched() const { return test::audioIsUntouched(content(), rest_); }
 
 ByteArray Mp3File::tag() const {
     ByteArray now = content();

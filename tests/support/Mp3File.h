@@ -10,6 +10,11 @@
 
 namespace corvane::test {
 
+// Whether the content of a file ends with the very bytes that stood behind its tag, and nothing stands in front of them
+// but, at most, one ID3v2 tag whose header tells exactly so many bytes. Prints what is wrong. Every test that saves or
+// removes a tag asks this.
+bool audioIsUntouched(Bytes now, Bytes rest);
+
 class Mp3File {
 public:
     // Writes the file into the folder: the tag, which may be empty, and the usual rest behind it.
@@ -24,8 +29,7 @@ public:
     ByteArray content() const { return contentOf(path_); }
     bool isUnchanged() const { return content() == original_; }
 
-    // Whether the file ends with the very bytes that stood behind the tag, and nothing stands in front of them but, at
-    // most, one ID3v2 tag whose header tells exactly so many bytes. Prints what is wrong.
+    // See above.
     bool audioIsUntouched() const;
     // The tag that stands in front of them now; empty when there is none.
     ByteArray tag() const;
