@@ -14,13 +14,13 @@ namespace corvane::editor {
 QString summaryOf(const SaveResults& results, SaveJob::Mode mode) {
     const SaveCounts counts = countsOf(results);
     const bool isPreview = mode == SaveJob::Mode::Preview;
-    QStringList parts{isPreview ? ChangeDialog::tr("%n files will change", nullptr, counts.changed)
-                                : ChangeDialog::tr("%n files were saved", nullptr, counts.changed)};
+    QStringList parts{(isPreview ? ChangeDialog::tr("Files that will change: %1") : ChangeDialog::tr("Files saved: %1"))
+                          .arg(counts.changed)};
     if (counts.failed > 0) {
-        parts << (isPreview ? ChangeDialog::tr("%n cannot be saved", nullptr, counts.failed)
-                            : ChangeDialog::tr("%n failed", nullptr, counts.failed));
+        parts << (isPreview ? ChangeDialog::tr("that cannot be saved: %1") : ChangeDialog::tr("failed: %1"))
+                     .arg(counts.failed);
     }
-    if (counts.warned > 0) parts << ChangeDialog::tr("%n with warnings", nullptr, counts.warned);
+    if (counts.warned > 0) parts << ChangeDialog::tr("with warnings: %1").arg(counts.warned);
     return parts.join(QStringLiteral(", ")) + QLatin1Char('.');
 }
 

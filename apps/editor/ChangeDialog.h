@@ -15,7 +15,7 @@ public:
     ChangeDialog(const SaveResults& results, SaveJob::Mode mode, QWidget* parent);
 };
 
-// "3 files were saved, 1 failed, 2 with warnings."
+// "Files saved: 3, failed: 1, with warnings: 2."
 QString summaryOf(const SaveResults& results, SaveJob::Mode mode);
 
 } // namespace corvane::editor

@@ -57,7 +57,7 @@ void Editing::readMany() {
     std::vector<std::string> paths;
     std::copy_if(selected_.begin(), selected_.end(), std::back_inserter(paths),
                  [this](const std::string& path) { return !session_.isChanged(path); });
-    Q_EMIT shown(Shown::Nothing, tr("Reading the tags of %n files…", nullptr, static_cast<int>(selected_.size())));
+    Q_EMIT shown(Shown::Nothing, tr("Reading the tags of the selected files…"));
     reader_.read(std::move(paths));
 }
 

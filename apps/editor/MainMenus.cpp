@@ -104,16 +104,19 @@ void MainWindow::makeHelpMenu() {
     menu->addAction(action("aboutQt", tr("About &Qt"), nullptr, {}, [] { QApplication::aboutQt(); }));
 }
 
-// The title of what is shown.
+// The title, or the first box that can be edited where there is none.
 void MainWindow::goToFields() {
-    QWidget* page = below_->currentWidget();
-    for (QLineEdit* field : page->findChildren<QLineEdit*>()) {
-        const bool isTitle = field->objectName() == QStringLiteral("txtTitle") || page == many_;
-        if (!isTitle || !field->isVisible() || !field->isEnabled()) continue;
-        field->setFocus(Qt::ShortcutFocusReason);
-        field->selectAll();
-        return;
+    QLineEdit* first = nullptr;
+    for (QLineEdit* field : below_->currentWidget()->findChildren<QLineEdit*>()) {
+        if (!field->isVisible() || !field->isEnabled()) continue;
+        const bool isTitle = field->objectName() == QStringLiteral("txtTitle") ||
+                             field->objectName() == QStringLiteral("many%1").arg(static_cast<int>(Field::Title));
+        if (isTitle || !first) first = field;
+        if (isTitle) break;
     }
+    if (!first) return;
+    first->setFocus(Qt::ShortcutFocusReason);
+    first->selectAll();
 }
 
 void MainWindow::showRecent(QMenu& menu) {

@@ -147,7 +147,7 @@ void MainWindow::endSave(bool isAllSaved, const QString& summary) {
 
 void MainWindow::tellCount() {
     const int shown = list_->shownCount(), all = table_.rowCount();
-    count_->setText(shown == all ? tr("%n files", nullptr, all) : tr("%1 of %n files", nullptr, all).arg(shown));
+    count_->setText(shown == all ? tr("Files: %1").arg(all) : tr("Files: %1 of %2").arg(shown).arg(all));
 }
 
 // Undo and redo are those of the session everywhere: a text box has only its own words to take back.
@@ -169,10 +169,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 void MainWindow::afterChanges(std::function<void()> next) {
     if (saving_.isRunning()) return;
     if (!session_.hasChanges()) return next();
-    QMessageBox box(
-        QMessageBox::Warning, tr("Corvane Editor"),
-        tr("%n files have changes that are not saved.", nullptr, static_cast<int>(session_.changedPaths().size())),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    QMessageBox box(QMessageBox::Warning, tr("Corvane Editor"),
+                    tr("There are changes that are not saved. Changed files: %1").arg(session_.changedPaths().size()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setObjectName(QStringLiteral("unsaved"));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {

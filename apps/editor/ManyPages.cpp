@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <optional>
@@ -167,9 +168,10 @@ void ManyPages::showFiles(std::vector<std::string> paths) {
 
 void ManyPages::refresh() {
     const QScopedValueRollback showing(showing_, true);
-    summary_->setText(tr("%n files are edited together. A field is written only when you change it, into the tags that "
-                         "each file has.",
-                         nullptr, static_cast<int>(paths_.size())));
+    summary_->setText(
+        tr("Files that are edited together: %1. A field is written only when you change it, into the tags "
+           "that each file has.")
+            .arg(paths_.size()));
     for (std::size_t at = 0; at < kShownFields; ++at) showField(fieldAt(at));
     picture_->showPicture(nullptr);
     isId3v1Shown_ = false;
@@ -232,11 +234,19 @@ void ManyPages::showId3v1() {
     isId3v1Shown_ = true;
     id3v1_->setUpdatesEnabled(false);
     id3v1_->ID3v1xTag(std::shared_ptr<ID3V1Tag>());
-    for (auto path = paths_.rbegin(); path != paths_.rend(); ++path) {
-        if (const auto tags = session_.wanted(*path)) id3v1_->ID3v1xTag(makeId3v1Tag(tags->v1));
+    for (const std::string& path : paths_) {
+        if (const auto tags = session_.wanted(path)) id3v1_->ID3v1xTag(makeId3v1Tag(tags->v1));
     }
+    goToFirst();
     id3v1_->setUpdatesEnabled(true);
     editedId3v1_ = {};
+}
+
+// The control shows the tag that it was given last.
+void ManyPages::goToFirst() {
+    constexpr std::size_t kLimit = 500; // tags; nobody steps through more
+    auto* previous = id3v1_->findChild<QToolButton*>(QStringLiteral("cmdPrevious"));
+    for (std::size_t step = 1; step < paths_.size() && paths_.size() <= kLimit; ++step) previous->click();
 }
 
 void ManyPages::takeId3v1() {

@@ -61,6 +61,7 @@ private:
     void noteEdit(Field field, const QString& text);
     void paintFields();
     void showId3v1();
+    void goToFirst();
     void takeId3v1();
     void wantId3v1(bool wanted);
     void emitEdit(const Tool& tool, const QString& field);

@@ -16,7 +16,7 @@ constexpr int kLargestNumber = 9999;
 NumberDialog::NumberDialog(int fileCount, QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Number the tracks"));
     auto* text = new QLabel(
-        tr("The %n selected files get track numbers in the order in which the list shows them.", nullptr, fileCount),
+        tr("The selected files (%1) get track numbers in the order in which the list shows them.").arg(fileCount),
         this);
     text->setWordWrap(true);
     first_ = new QSpinBox(this);

@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(window.open({window.folder().path()}));
         type(window->list().words(), "fug");
         QCOMPARE(window->list().shownCount(), 1);
-        QCOMPARE(child<QLabel>(*window, "count").text(), QStringLiteral("1 of 2 files"));
+        QCOMPARE(child<QLabel>(*window, "count").text(), QStringLiteral("Files: 1 of 2"));
     }
 
     void CancelButtonEndsALoad() {
@@ -87,7 +87,7 @@ private Q_SLOTS:
         changed.window.action("preview").trigger();
         QDialog* preview = changed.window.waitForDialog("preview");
         QVERIFY(preview != nullptr);
-        QCOMPARE(child<QLabel>(*preview, "summary").text(), QStringLiteral("1 files will change."));
+        QCOMPARE(child<QLabel>(*preview, "summary").text(), QStringLiteral("Files that will change: 1."));
         const auto rows = preview->findChild<ChangeTree*>()->findItems("New", Qt::MatchExactly | Qt::MatchRecursive, 2);
         QCOMPARE(rows.size(), 1);
         QCOMPARE(rows.front()->text(1), QStringLiteral("Old"));
@@ -105,7 +105,7 @@ private Q_SLOTS:
         changed.window.action("save").trigger();
         QDialog* report = changed.window.waitForDialog("report");
         QVERIFY(report != nullptr);
-        QCOMPARE(child<QLabel>(*report, "summary").text(), QStringLiteral("0 files were saved, 1 failed."));
+        QCOMPARE(child<QLabel>(*report, "summary").text(), QStringLiteral("Files saved: 0, failed: 1."));
         auto* tree = report->findChild<ChangeTree*>();
         QCOMPARE(tree->topLevelItem(0)->text(0), QString::fromStdString(path));
         QVERIFY(tree->topLevelItem(0)->child(0)->text(0).contains("No such file"));

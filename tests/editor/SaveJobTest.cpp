@@ -142,7 +142,7 @@ private Q_SLOTS:
         const Mp3File file = taggedFile(folder, "a.mp3", "Old");
         const SaveResult result = saveFile(titled(file.path(), std::string(40, 'x')), Mode::Preview);
         QCOMPARE(result.plan.warnings.size(), std::size_t{1});
-        QCOMPARE(summaryOf({result}, Mode::Preview), QStringLiteral("1 files will change, 1 with warnings."));
+        QCOMPARE(summaryOf({result}, Mode::Preview), QStringLiteral("Files that will change: 1, with warnings: 1."));
     }
 
     void FileThatFailsIsNamedAndTheOthersAreSaved() {
