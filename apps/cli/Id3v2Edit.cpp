@@ -7,6 +7,7 @@
 #include "apps/cli/FrontCover.h"
 #include "apps/cli/Id3v2Saving.h"
 #include "apps/cli/LibraryFailure.h"
+#include "apps/cli/PictureText.h"
 
 #include <fmt/core.h>
 
@@ -121,6 +122,17 @@ void addQuoteWarnings(const ID3V230& tag, std::vector<std::string>& warnings) {
     }
 }
 
+std::optional<FieldChange> setShownPicture(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
+    const auto before = tag.Picture();
+    const auto textOf = [](const std::shared_ptr<Picture>& image) {
+        return image ? imageText(image->bytes()) : std::string();
+    };
+    const bool isSame = before && picture ? std::ranges::equal(before->bytes(), picture->bytes()) : before == picture;
+    if (isSame) return std::nullopt;
+    tag.Picture(picture);
+    return FieldChange{"picture", textOf(before), textOf(picture)};
+}
+
 } // namespace
 
 Id3v2Edit::Id3v2Edit(const std::string& path) {
@@ -137,6 +149,9 @@ TagOutcome Id3v2Edit::apply(const TagValues& values) {
     }
     if (values.picture) {
         if (auto change = setFrontCover(tag_, *values.picture)) outcome.changes.push_back(std::move(*change));
+    }
+    if (values.shownPicture) {
+        if (auto change = setShownPicture(tag_, *values.shownPicture)) outcome.changes.push_back(std::move(*change));
     }
     if (!outcome.changes.empty()) addQuoteWarnings(tag_, outcome.warnings);
     return outcome;
