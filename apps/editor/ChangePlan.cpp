@@ -41,7 +41,8 @@ cli::TagValues id3v2Changes(const TagValues& inFile, const TagValues& wanted) {
             values.*kId3v2Values[at] = wanted.texts[at];
         }
     }
-    values.picture = wanted.picture;
+    values.picture = wanted.cover;
+    values.shownPicture = wanted.picture;
     return values;
 }
 

@@ -26,6 +26,8 @@ EditSession::EditSession(QObject* parent) : QObject(parent) { undoStack_.setUndo
 
 void EditSession::learn(const std::string& path, FileTags tags) {
     if (isChanged(path)) return;
+    // Steps hold whole tags: one made before would bring values back that somebody else has changed since.
+    if (const auto before = inFile(path); before && *before != tags) undoStack_.clear();
     const auto shared = std::make_shared<const FileTags>(std::move(tags));
     files_[path] = {shared, shared};
 }

@@ -33,7 +33,8 @@ public:
 
     QUndoStack& undoStack() { return undoStack_; }
 
-    // What stands in the file, as somebody has read it. A file that has changes keeps what was read before.
+    // What stands in the file, as somebody has read it. A file that has changes keeps what was read before. When a file
+    // is not what it was, steps cannot be undone or redone any more.
     void learn(const std::string& path, FileTags tags);
     // The file has other tags than before, though what is wanted of it could not be saved in whole.
     void learnAgain(const std::string& path, FileTags tags);

@@ -26,6 +26,7 @@ QString carryOver(const TagValues& before, const TagValues& now, TagValues& want
     }
     if (now.picture != before.picture) {
         wanted.picture = now.picture;
+        wanted.cover.reset(); // what was chosen last counts
         name = QStringLiteral("picture");
     }
     if (now.present != before.present) {

@@ -43,8 +43,9 @@ constexpr bool isCommon(Field field) { return static_cast<std::size_t>(field) < 
 struct TagValues {
     bool present = false;
     std::array<std::string, kFieldCount> texts; // UTF-8
-    // The picture that is wanted; nullptr inside for none. Nothing: the one that the file has, whatever it is.
-    std::optional<std::shared_ptr<Picture>> picture;
+    // Pictures that are wanted; nullptr inside for none. Nothing: those that the file has, whatever they are. The cover
+    // is the front cover, which the tools set; the other one is the picture that the ID3v2 control shows.
+    std::optional<std::shared_ptr<Picture>> cover, picture;
 
     std::string& operator[](Field field) { return texts[static_cast<std::size_t>(field)]; }
     const std::string& operator[](Field field) const { return texts[static_cast<std::size_t>(field)]; }

@@ -33,6 +33,7 @@ std::shared_ptr<ID3V2Tag> OpenedFile::id3v2Tag(const TagValues& wanted) {
     for (std::size_t at = 0; at < kFieldCount; ++at) {
         if (wanted.present && wanted.texts[at] != now.texts[at]) tryText(*tag, fieldAt(at), wanted.texts[at]);
     }
+    if (wanted.cover) tag->Picture(*wanted.cover);
     if (wanted.picture) tag->Picture(*wanted.picture);
     return tag;
 }

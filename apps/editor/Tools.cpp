@@ -55,7 +55,8 @@ FileTags withText(FileTags tags, Field field, const std::string& text) {
 FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture) {
     if (!picture && !tags.v2.present) return tags;
     tags.v2.present = true;
-    tags.v2.picture = picture;
+    tags.v2.cover = picture;
+    tags.v2.picture.reset(); // what was chosen last counts
     return tags;
 }
 

@@ -1,6 +1,9 @@
 // One file in the window: shown, edited, undone, saved, reverted.
+#include "corvane/controls/PicturePanel.h"
+
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <QCheckBox>
 #include <QTreeWidget>
@@ -132,6 +135,41 @@ private Q_SLOTS:
         QVERIFY(window.waitForSave());
         QVERIFY(!readTags(file.path()).v2.present);
         QVERIFY(file.audioIsUntouched());
+    }
+
+    void EditOfATextLeavesThePicturesAlone() {
+        EditorWindow window;
+        Id3v2Builder tag;
+        tag.text("TIT2", "Old").frame("APIC", pictureFrame(pngImage(9, 9)));
+        const Mp3File file(window.folder(), tag.done(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        type(window.field("txtTitle"), "er");
+        const auto wanted = window->session().wanted(file.path());
+        QVERIFY(!wanted->v2.picture.has_value() && !wanted->v2.cover.has_value());
+    }
+
+    void ClearedPictureIsTheOneThatIsShown() {
+        EditorWindow window;
+        corvane::ByteArray back = pictureFrame(pngImage(9, 9));
+        back[1 + sizeof "image/png"] = 4; // the type behind encoding and MIME type: back cover
+        Id3v2Builder tag;
+        tag.text("TIT2", "T").frame("APIC", back).frame("APIC", pictureFrame(jpegImage(8, 8), "image/jpeg", "Front"));
+        const Mp3File file(window.folder(), tag.done(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        auto& panel = *window->findChild<FilePages*>()->findChild<corvane::controls::PicturePanel*>();
+        QVERIFY(panel.picture() != nullptr);
+        QTest::mouseClick(panel.clearButton(), Qt::LeftButton);
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        const auto content = file.content();
+        const auto front = jpegImage(8, 8), shown = pngImage(9, 9);
+        const auto holds = [&content](const corvane::ByteArray& bytes) {
+            return std::search(content.begin(), content.end(), bytes.begin(), bytes.end()) != content.end();
+        };
+        QVERIFY(holds(front));
+        QVERIFY(!holds(shown));
     }
 
     void FileThatCannotBeReadSaysWhy() {

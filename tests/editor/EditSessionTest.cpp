@@ -109,6 +109,17 @@ private Q_SLOTS:
         QCOMPARE(session.inFile("a")->v2[Field::Title], std::string("Old"));
     }
 
+    void StepsEndWhenSomebodyElseChangesAFile() {
+        EditSession session;
+        session.learn("a", tags("Old"));
+        session.edit("edit", {{"a", tags("New")}});
+        session.undoStack().undo();
+        session.learn("a", tags("Old"));
+        QVERIFY(session.undoStack().canRedo());
+        session.learn("a", tags("Somebody else's"));
+        QVERIFY(!session.undoStack().canRedo());
+    }
+
     void SavedFilesAreForgottenWithAllSteps() {
         EditSession session;
         QSignalSpy dirty(&session, &EditSession::dirtyChanged);

@@ -138,7 +138,7 @@ private Q_SLOTS:
         const auto picture = corvane::Picture::fromBytes(corvane::test::pngImage(4, 4));
         QVERIFY(withPicture(FileTags(), picture).v2.present);
         QCOMPARE(withPicture(FileTags(), nullptr), FileTags());
-        QVERIFY(withPicture(both(), nullptr).v2.picture.has_value());
+        QVERIFY(withPicture(both(), nullptr).v2.cover.has_value());
     }
 
     void ListShowsWhatIsWanted() {
