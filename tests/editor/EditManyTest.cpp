@@ -1,9 +1,13 @@
 // Several files in the window: mixed values, touched fields, tools.
+#include "apps/editor/CaseDialog.h"
+#include "apps/editor/GenreDialog.h"
 #include "apps/editor/NumberDialog.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 
-#include <QCheckBox>
+#include <QRadioButton>
+#include <QToolButton>
+#include <QTreeWidget>
 
 using namespace corvane::editor;
 using namespace corvane::test;
@@ -109,6 +113,61 @@ private Q_SLOTS:
         QCOMPARE(files.window->session().wanted(files.first.path())->v2[Field::Track], std::string("6/2"));
         QCOMPARE(files.window->session().undoStack().count(), 1);
         QVERIFY(files.first.isUnchanged());
+    }
+
+    void CaseIsConvertedAsTheDialogSays() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window.action("convertCase").trigger();
+        auto* dialog = files.window->findChild<CaseDialog*>();
+        QVERIFY(dialog != nullptr);
+        QTest::mouseClick(dialog->findChildren<QRadioButton*>().at(2), Qt::LeftButton);
+        dialog->accept();
+        QCOMPARE(files.window.cell(0, FileTable::Title), QStringLiteral("ONE"));
+        QCOMPARE(files.window.cell(1, FileTable::Title), QStringLiteral("TWO"));
+        QVERIFY(files.first.isUnchanged());
+    }
+
+    void GenreIsFoundByTypingAndSetInAll() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window.action("chooseGenre").trigger();
+        auto* dialog = files.window->findChild<GenreDialog*>();
+        QVERIFY(dialog != nullptr);
+        type(child<QLineEdit>(*dialog, "genreFilter"), "chamber");
+        auto& list = child<QTreeWidget>(*dialog, "genres");
+        const auto found = list.findItems("Chamber Music", Qt::MatchExactly);
+        QCOMPARE(found.size(), 1);
+        QVERIFY(!found.front()->isHidden());
+        QVERIFY(list.findItems("Rock", Qt::MatchExactly).front()->isHidden());
+        found.front()->setSelected(true);
+        dialog->accept();
+        QVERIFY(files.save());
+        QCOMPARE(readTags(files.first.path()).v1[Field::Genre], std::string("104"));
+        QCOMPARE(readTags(files.second.path()).v2[Field::Genre], std::string("Chamber Music"));
+    }
+
+    void DialogThatIsCancelledChangesNothing() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        for (const char* name : {"convertCase", "chooseGenre", "numberTracks"}) {
+            files.window.action(name).trigger();
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            QVERIFY2(dialog != nullptr, name);
+            dialog->reject();
+        }
+        QVERIFY(!files.window->isWindowModified());
+    }
+
+    void Id3v1PageBeginsWithTheFirstFile() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window->findChild<ManyPages*>()->setCurrentIndex(1);
+        auto& editor = *files.window->findChild<ManyPages*>()->findChild<corvane::controls::ID3v1*>();
+        QCOMPARE(editor.TagCount(), 2);
+        QVERIFY(!child<QToolButton>(editor, "cmdPrevious").isEnabled());
+        QTest::mouseClick(&child<QToolButton>(editor, "cmdNext"), Qt::LeftButton);
+        QVERIFY(!files.window->isWindowModified());
     }
 
     void ToolsAreOfferedForASelectionOnly() {
