@@ -12,6 +12,8 @@ namespace {
 
 constexpr auto kPicture = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
 
+constexpr std::uint8_t kFrontCover = 3; // what a new picture is (ID3v2.3.0 section 4.15)
+
 std::string nameOf(std::int16_t type, enumShortOrLongText which) {
     return std::string(FrameName(type, which).value_or(std::string_view()));
 }
@@ -45,6 +47,7 @@ ID3V230Frame::Content& ID3V230Frame::content() const {
         if (!read.language.empty()) content->language = std::move(read.language);
         content->pictureHead = std::move(read.picture);
     }
+    if (!source_ || static_cast<std::int16_t>(source_->number()) != kPicture) content->pictureHead.type = kFrontCover;
     content_ = std::move(content);
     return *content_;
 }

@@ -10,8 +10,6 @@ namespace {
 
 using Record = Internals<ID3V230Frame>;
 
-constexpr std::uint8_t kFrontCover = 3; // ID3v2.3.0 section 4.15
-
 bool isPicture(const ID3V230Frame& record) {
     return record.eType() == static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
 }
@@ -52,14 +50,13 @@ bool hasForeignValue(const ID3V230Frame& record) {
 
 FrameToWrite frameOf(const ID3V230Frame& record, std::shared_ptr<Picture> picture) {
     const auto& now = Record::content(record);
-    const bool wasPicture = Record::source(record) != nullptr && isPicture(record);
     FrameToWrite frame;
     frame.frame = static_cast<ID3_FrameID>(record.eType());
     frame.value = now.value;
     frame.description = now.description;
     frame.language = valueText(now.language);
     frame.picture = std::move(picture);
-    frame.pictureType = wasPicture ? now.pictureHead.type : kFrontCover;
+    frame.pictureType = now.pictureHead.type;
     return frame;
 }
 

@@ -237,6 +237,14 @@ TEST_P(SavedTag, ANewPictureIsAFrontCoverWithItsMimeType) {
     EXPECT_EQ(frameBytes(*again, 2), frameOf("APIC", pictureFrame(gifImage(5, 6), "image/gif")));
 }
 
+TEST_P(SavedTag, ANewPictureChangedAfterItsSaveIsStillAFrontCover) {
+    auto song = open(Id3v2Builder(3).text("TIT2", "x"));
+    song.tag.Picture(Picture::fromBytes(gifImage(5, 6)));
+    song.saved();
+    song.tag.Picture(Picture::fromBytes(pngImage(7, 8)));
+    EXPECT_EQ(frameBytes(*song.saved(), 2), frameOf("APIC", pictureFrame(pngImage(7, 8), "image/png")));
+}
+
 TEST_P(SavedTag, AChangedPictureKeepsItsTypeAndDescription) {
     ByteArray data = pictureFrame(pngImage(2, 2), "image/png", "");
     data[11] = 17; // a bright coloured fish
