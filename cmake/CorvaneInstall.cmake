@@ -12,6 +12,9 @@ if(CORVANE_CONTROLS)
   install(EXPORT CorvaneControlsTargets NAMESPACE Corvane:: DESTINATION ${CORVANE_CMAKE_DIR})
 endif()
 
+install(FILES ${PROJECT_SOURCE_DIR}/docs/schema/corvane.rng DESTINATION ${CMAKE_INSTALL_DATADIR}/corvane
+  COMPONENT command)
+
 configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/CorvaneConfig.cmake.in
   ${PROJECT_BINARY_DIR}/CorvaneConfig.cmake INSTALL_DESTINATION ${CORVANE_CMAKE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/CorvaneConfigVersion.cmake COMPATIBILITY SameMinorVersion)

@@ -1,7 +1,7 @@
 """What all interop tests share: the command under test and the documents it writes, scratch folders, and the peers.
 
 Every document that a test asks for is first put before xmllint, so a test that reads a file also proves that an XML
-parser takes its document.
+parser takes its document and that it is one of docs/schema/corvane.rng.
 """
 import hashlib
 import json
@@ -14,6 +14,7 @@ from xml.etree import ElementTree
 
 COMMAND = os.environ["CORVANE_COMMAND"]
 TAGLIB_PEER = os.environ["CORVANE_TAGLIB_PEER"]
+SCHEMA = Path(__file__).resolve().parents[2] / "docs" / "schema" / "corvane.rng"
 
 RECORD_SIZE = 128  # bytes of an ID3v1 record
 UNDEFINED_GENRE = 255
@@ -48,8 +49,8 @@ class Document:
 
     def __init__(self, path):
         self.bytes = corvane("xml", path)
-        complaints = subprocess.run(["xmllint", "--nonet", "--noout", "-"], input=self.bytes, capture_output=True,
-                                    check=False, timeout=60)
+        complaints = subprocess.run(["xmllint", "--nonet", "--noout", "--quiet", "--relaxng", SCHEMA, "-"],
+                                    input=self.bytes, capture_output=True, check=False, timeout=60)
         if complaints.returncode != 0 or complaints.stderr:
             raise AssertionError(f"xmllint refuses the document of {path}: {complaints.stderr!r}")
         self.root = ElementTree.fromstring(self.bytes)
