@@ -114,8 +114,10 @@ class Editor(unittest.TestCase):
         cls.screen = Screen(cls.folder, [cls.tagged.parent])
         cls.addClassCleanup(cls.screen.close)
 
-    def tearDown(self):
+    def setUp(self):
         self.assertIsNone(self.screen.editor.poll(), "the editor has ended")
+
+    def tearDown(self):
         for path in self.files:
             self.assertEqual(audio_hash(path), self.hashes[path], path.name)
 
@@ -174,6 +176,10 @@ class Editor(unittest.TestCase):
 
     def test_5_no_temporary_file_stays_behind(self):
         self.assertEqual(sorted(path.name for path in self.tagged.parent.iterdir()), ["1.mp3", "2.mp3", "3.mp3"])
+
+    def test_6_it_ends_without_a_question_when_all_is_saved(self):
+        self.screen.press("ctrl+q")
+        self.assertEqual(self.screen.editor.wait(PATIENCE), 0)
 
 
 class Quit(unittest.TestCase):
