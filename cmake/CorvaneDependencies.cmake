@@ -18,3 +18,8 @@ if(CORVANE_TESTS)
 endif()
 # The system's Python, for which the Debian packages of the test scripts are made: another one may stand first on PATH.
 find_program(CORVANE_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
+if(CORVANE_PYTHON_MODULE)
+  set(Python3_EXECUTABLE ${CORVANE_PYTHON})
+  find_package(Python3 REQUIRED COMPONENTS Interpreter Development.Module)
+  find_package(pybind11 2.10 REQUIRED)
+endif()

@@ -2,6 +2,7 @@
 
 #include "apps/cli/CsvText.h"
 #include "apps/cli/JsonText.h"
+#include "apps/scan/SummaryValues.h"
 
 #include <array>
 #include <charconv>
@@ -11,24 +12,10 @@ namespace corvane::cli {
 
 namespace {
 
-struct TextValue {
-    std::string_view name;
-    std::string FileSummary::*text;
-};
-
-constexpr std::array kTexts{TextValue{"title", &FileSummary::title},    TextValue{"artist", &FileSummary::artist},
-                            TextValue{"album", &FileSummary::album},    TextValue{"year", &FileSummary::year},
-                            TextValue{"track", &FileSummary::track},    TextValue{"genre", &FileSummary::genre},
-                            TextValue{"comment", &FileSummary::comment}};
-
-struct NumberValue {
-    std::string_view name;
-    std::int32_t FileSummary::*number;
-};
-
-constexpr std::array kNumbers{NumberValue{"duration", &FileSummary::durationSeconds},
-                              NumberValue{"bitRate", &FileSummary::bitRateKbps},
-                              NumberValue{"frequency", &FileSummary::frequencyHz}};
+using scan::kNumbers;
+using scan::kTexts;
+using scan::NumberValue;
+using scan::TextValue;
 
 constexpr std::string_view kCsvLineEnd = "\r\n"; // RFC 4180, section 2
 

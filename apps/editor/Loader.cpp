@@ -2,7 +2,7 @@
 
 #include "corvane/controls/Text.h"
 
-#include "apps/cli/FileWalk.h"
+#include "apps/scan/FileWalk.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -40,7 +40,7 @@ void Loader::work(const std::vector<std::string>& roots) {
 }
 
 std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
-    cli::FileWalk walk(roots, [this](std::string_view folder, std::string_view reason) {
+    scan::FileWalk walk(roots, [this](std::string_view folder, std::string_view reason) {
         Q_EMIT refused(QFile::decodeName(QByteArray(folder.data(), static_cast<qsizetype>(folder.size()))),
                        controls::toQt(reason));
     });

@@ -58,6 +58,12 @@ class CheckLayers(unittest.TestCase):
         self.assert_violation({"apps/cli/a.cpp": '#include "apps/editor/b.h"\n', "apps/editor/b.h": ""},
                               "apps/cli must not include apps/editor")
 
+    def test_the_module_and_the_command_share_the_scan_and_no_more(self):
+        self.assertEqual(check({"apps/scan/S.h": "", "apps/cli/a.cpp": '#include "apps/scan/S.h"\n',
+                                "python/b.cpp": '#include "apps/scan/S.h"\n#include <pybind11/pybind11.h>\n'}), (0, []))
+        self.assert_violation({"python/b.cpp": '#include "apps/cli/C.h"\n', "apps/cli/C.h": ""},
+                              "python must not include apps/cli")
+
     def test_the_library_does_not_know_its_tests(self):
         self.assert_violation({"corvane/xml/A.cpp": '#include "tests/support/T.h"\n', "tests/support/T.h": ""},
                               "xml must not include outside")

@@ -1,4 +1,4 @@
-#include "apps/cli/FileWalk.h"
+#include "apps/scan/FileWalk.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 #include <memory>
 #include <utility>
 
-namespace corvane::cli {
+namespace corvane::scan {
 
 namespace {
 
@@ -123,4 +123,4 @@ void FileWalk::enter(std::string path, bool followLink) {
     open_.push_back({std::move(path), std::move(listing.names)});
 }
 
-} // namespace corvane::cli
+} // namespace corvane::scan

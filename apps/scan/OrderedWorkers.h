@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace corvane::cli {
+namespace corvane::scan {
 
 template <class Task, class Result>
 class OrderedWorkers {
@@ -43,10 +43,18 @@ public:
         while (inOrder_.size() > threadCount_ * kTasksPerThread) deliverFirst();
     }
 
+    // Waits for the first result that is outstanding and delivers it. False when there is none.
+    bool deliverNext() {
+        if (inOrder_.empty()) return false;
+        if (threads_.empty()) start();
+        deliverFirst();
+        return true;
+    }
+
     // Waits for all results and delivers them.
     void finish() {
-        if (threads_.empty() && !inOrder_.empty()) start();
-        while (!inOrder_.empty()) deliverFirst();
+        while (deliverNext()) {
+        }
     }
 
 private:
@@ -120,4 +128,4 @@ private:
     std::vector<std::thread> threads_;
 };
 
-} // namespace corvane::cli
+} // namespace corvane::scan

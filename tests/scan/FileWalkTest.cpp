@@ -1,4 +1,4 @@
-#include "apps/cli/FileWalk.h"
+#include "apps/scan/FileWalk.h"
 
 #include "tests/support/ScratchFolder.h"
 
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 
-namespace corvane::cli {
+namespace corvane::scan {
 namespace {
 
 using Paths = std::vector<std::string>;
@@ -111,4 +111,4 @@ TEST_F(Walk, FolderThatCannotBeOpenedIsReportedAndTheWalkGoesOn) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::scan

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvane::cli {
+namespace corvane::scan {
 
 class FileWalk {
 public:
@@ -41,4 +41,4 @@ private:
     ReportUnreadable report_;
 };
 
-} // namespace corvane::cli
+} // namespace corvane::scan
