@@ -2,7 +2,7 @@
 SHELL := /bin/bash
 .SHELLFLAGS := -euo pipefail -c
 .DEFAULT_GOAL := help
-.PHONY: help packages run test asan fuzz tsan coverage bench format tidy clean
+.PHONY: help packages run test asan fuzz tsan coverage bench docs format tidy clean
 
 export CTEST_PARALLEL_LEVEL ?= $(shell nproc)
 
@@ -39,6 +39,10 @@ bench: packages ## build the benchmarks and print their table
 	cmake --preset release
 	cmake --build --preset release --target bench/all corvane-cli tour
 	tools/bench-table build/release
+
+docs: packages ## build the API reference of the published headers
+	@docs/reference/build.py build/reference
+	@echo build/reference/html/index.html
 
 format: packages ## format every C++ file
 	tools/format

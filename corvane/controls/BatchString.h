@@ -17,6 +17,7 @@ public:
     static constexpr std::int32_t kLowerCase = 2;
     static constexpr std::int32_t kProperCase = 3; // first letter of each word upper case, the others lower case
 
+    // The code of the conversion; 0 in a new object.
     std::int32_t Conversion() const { return conversion_; }
     void Conversion(std::int32_t code) { conversion_ = code; }
 

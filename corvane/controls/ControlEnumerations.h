@@ -10,12 +10,14 @@ namespace corvane::controls {
 
 Q_NAMESPACE_EXPORT(CORVANE_CONTROLS_EXPORT)
 
+// How many tags the ID3v1 editor edits at once.
 enum class ETagEditModeConstants : std::int32_t {
     temEditSingle = 0, // one tag
     temEditMany = 1    // several tags at once: only the fields that the user has edited count
 };
 Q_ENUM_NS(ETagEditModeConstants)
 
+// How the ID3v2 editor arranges its panels.
 enum class EID3v2Apperance : std::int32_t {
     v2aDefault = 0, // the panels one below the other
     v2aWide = 1     // the panels side by side

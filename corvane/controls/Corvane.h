@@ -18,6 +18,7 @@ class CORVANE_CONTROLS_EXPORT Corvane : public QWidget {
     Q_OBJECT
 
 public:
+    // A control with a FileHandler that has no file yet.
     explicit Corvane(QWidget* parent = nullptr);
     ~Corvane() override;
 

@@ -55,6 +55,7 @@ class CORVANE_CONTROLS_EXPORT ID3v1 : public QWidget {
     Q_PROPERTY(bool HasTag READ HasTag NOTIFY tagRequestChanged)
 
 public:
+    // An editor without a tag, for one tag.
     explicit ID3v1(QWidget* parent = nullptr);
     ~ID3v1() override;
 
@@ -99,6 +100,7 @@ public:
     bool TrackChanged() const;
     bool CommentChanged() const;
 
+    // How many tags are held.
     std::int32_t TagCount() const;
 
     // Reading tells the title's background: once the user has edited the title, the mode reads as temEditSingle. Hosts
@@ -122,6 +124,7 @@ Q_SIGNALS:
     void tagRequestChanged();
 
 protected:
+    // Keeps the fields in step with the widget's own state.
     void changeEvent(QEvent* event) override;
 
 private:

@@ -31,6 +31,7 @@ class CORVANE_CONTROLS_EXPORT ID3v2 : public QWidget {
     Q_PROPERTY(bool Locked READ Locked WRITE Locked)
 
 public:
+    // An editor without a tag, empty and disabled.
     explicit ID3v2(QWidget* parent = nullptr);
     ~ID3v2() override;
 

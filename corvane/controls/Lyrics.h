@@ -53,6 +53,7 @@ Q_SIGNALS:
     void tagRequestChanged();
 
 protected:
+    // Keeps the fields in step with the widget's own state.
     void changeEvent(QEvent* event) override;
 
 private:

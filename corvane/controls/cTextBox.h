@@ -25,6 +25,7 @@ class CORVANE_CONTROLS_EXPORT cTextBox : public QObject {
     Q_PROPERTY(bool DisableContextMenu READ DisableContextMenu WRITE DisableContextMenu)
 
 public:
+    // An object without a box: its commands do nothing, its questions answer no.
     explicit cTextBox(QObject* parent = nullptr);
     ~cTextBox() override;
 
@@ -38,10 +39,10 @@ public:
     void Undo();
     void SelectAll();
 
-    bool CanCut() const;   // not locked, and something is selected
-    bool CanCopy() const;  // something is selected
-    bool CanPaste() const; // the clipboard holds text
-    bool CanUndo() const;
+    bool CanCut() const;       // not locked, and something is selected
+    bool CanCopy() const;      // something is selected
+    bool CanPaste() const;     // the clipboard holds text
+    bool CanUndo() const;      // there is a step to take back
     bool CanSelectAll() const; // nothing is selected, and there is text
 
     // Puts a text in the place of the selection. bAllowUndo: 0 or "False" for a step that cannot be undone, and nothing
@@ -60,6 +61,7 @@ public:
     void MenuObject(QObject* theMenuObject) { menuObject_ = theMenuObject; }
 
 protected:
+    // Catches the right click on the box.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -32,6 +32,7 @@ class MPEGHeader;
 
 class CORVANE_EXPORT FileHandler {
 public:
+    // An object without a file: all its tags are empty.
     FileHandler();
     ~FileHandler();
     FileHandler(const FileHandler&) = delete;
@@ -52,12 +53,15 @@ public:
     // Whether the file, as it is now, is longer than 128 bytes and its last 128 begin with "TAG".
     bool HasTag() const;
 
+    // The ID3v1 tag that Create has read; an empty one when there is none.
     std::shared_ptr<ID3V1Tag> ID3v1xTag() const { return id3v1Tag_; }
     // Replaces the object, by reference.
     void ID3v1xTag(std::shared_ptr<ID3V1Tag> tag) { id3v1Tag_ = std::move(tag); }
+    // The ID3v2 tag at the start of the file, an empty one without it. Its frames are read when they are asked for.
     std::shared_ptr<corvane::ID3V2Tag> ID3V2Tag() const { return id3v2Tag_; }
-    // The object as it stands: HasLyricsTag and xml load it.
+    // The Lyrics3 tag as it stands: HasLyricsTag and xml load it.
     std::shared_ptr<corvane::LyricsTag> LyricsTag() const { return lyricsTag_; }
+    // The technical data of the first audio frame; those of an all-zero frame when none was found.
     std::shared_ptr<corvane::MPEGHeader> MPEGHeader() const { return mpegHeader_; }
 
     // Whether the file has a Lyrics3 tag; loads it when that has not been done.

@@ -12,7 +12,8 @@ namespace corvane {
 
 class CORVANE_EXPORT Genre {
 public:
-    // The genre number. Writing it changes this object only: its list goes on finding it under its old number.
+    // The genre number, 0 to 147 or 255. Writing it changes this object only: its list goes on finding it under its old
+    // number.
     void Num(std::int16_t Num) { num_ = Num; }
     std::int16_t Num() const { return num_; }
     // The name, as the list holds it.

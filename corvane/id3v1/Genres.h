@@ -24,6 +24,7 @@ class CORVANE_EXPORT Genres {
 public:
     class Iterator;
 
+    // The whole list.
     Genres();
     ~Genres();
     Genres(const Genres&) = delete; // a copy would have to share its entries, or to lose a host's changes
@@ -50,14 +51,17 @@ private:
     mutable std::vector<std::shared_ptr<Genre>> entries_;
 };
 
+// Goes through a list in its order. The list must live as long.
 class Genres::Iterator {
 public:
+    // What the standard library asks of an input iterator.
     using iterator_category = std::input_iterator_tag;
     using value_type = std::shared_ptr<Genre>;
     using difference_type = std::ptrdiff_t;
     using pointer = void;
     using reference = value_type;
 
+    // The operations of an input iterator; those of a default-made one may only be to assign and to compare.
     Iterator() = default;
     value_type operator*() const { return genres_->getGenreByIndex(position_); }
     Iterator& operator++() {

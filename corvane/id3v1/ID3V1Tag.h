@@ -24,6 +24,7 @@ class XmlNode;
 
 class CORVANE_EXPORT ID3V1Tag {
 public:
+    // Empty texts, no track, genre 255, type ID3Unknown.
     ID3V1Tag();
     ~ID3V1Tag();
     ID3V1Tag(const ID3V1Tag&) = delete; // handed on by reference

@@ -26,6 +26,7 @@ public:
     // The text of a T frame in encoding 0 or 1; "" for every other frame.
     std::string TextData() const;
 
+    // What the frame is, by its ID.
     bool IsArtist() const;
     bool IsAlbum() const;
     bool IsTitle() const;

@@ -20,6 +20,7 @@ struct ID3V2Header;
 
 class CORVANE_EXPORT ID3V22Tag {
 public:
+    // A tag without frames.
     ID3V22Tag();
 
     // Every frame ID in file order, each followed by ";". A second frame of the same ID is listed too.
@@ -33,6 +34,7 @@ public:
     // The text of the frame kept under that ID; "" without one, or when it can no longer be read (see LastError).
     std::string GetText(std::string_view FrameID) const;
 
+    // The text of the frame named here, UTF-8; "" without one, or when it can no longer be read (see LastError).
     std::string Artist() const; // TP1
     std::string Album() const;  // TAL
     std::string Title() const;  // TT2
@@ -45,6 +47,7 @@ public:
     bool canSave();
     bool saveTag();
 
+    // A new view of the object's error record.
     std::shared_ptr<TagError> LastError() const;
 
 private:

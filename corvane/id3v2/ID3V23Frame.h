@@ -39,6 +39,7 @@ public:
     // record its value as text.
     std::string TextData() const;
 
+    // What the frame is, by its ID.
     bool IsPicture() const;
     bool IsArtist() const;
     bool IsAlbum() const;

@@ -26,6 +26,7 @@ struct ID3V2Header;
 
 class CORVANE_EXPORT ID3V23Tag {
 public:
+    // A tag without frames.
     ID3V23Tag();
 
     // Every frame ID in file order, each followed by ";". A second frame of the same ID is listed too.
@@ -39,6 +40,8 @@ public:
     // The text of the first frame of that ID; "" without one, or when it can no longer be read (see LastError).
     std::string GetText(std::string_view FrameID) const;
 
+    // The text of the frame named here, UTF-8; "" without one, or when it can no longer be read (see LastError). Writes
+    // change the tag in memory, "" takes the frame out; they do nothing where the tag cannot be changed.
     std::string Artist() const; // TPE1
     void Artist(std::string_view value);
     std::string Album() const; // TALB
@@ -52,9 +55,10 @@ public:
     // tag only a description behind "(...)" is set and never the number: odd on purpose, that is to be had from
     // GenreID().
     bool splittedGenre(std::int16_t& GenreID, std::string& GenreDescription) const;
-    std::string Track() const; // TRCK
+    // TRCK, such as "3/12"; read and written as the texts above.
+    std::string Track() const;
     void Track(std::string_view value);
-    // TYER; of a tag that can be changed the number in it, "0" without one.
+    // TYER, a year in decimal; of a tag that can be changed the number in it, "0" without one.
     std::string Year() const;
     // Fails with a RuntimeFailure when the text is no number (TypeMismatch) or one outside 16 bits (Overflow).
     void Year(std::string_view value);
@@ -71,13 +75,15 @@ public:
     // Of a tag that can be changed: that of the APIC frame without a description.
     std::shared_ptr<corvane::Picture> Picture() const;
     void Picture(const std::shared_ptr<corvane::Picture>& value);
+    // UTF-8; "" without the frame. Writes are those of the texts above.
     std::string LyricsUnsynced() const; // USLT
     void LyricsUnsynced(std::string_view value);
-    std::string LyricsSynced() const; // SYLT
+    std::string LyricsSynced() const; // SYLT, a line "[mm:ss.f] text" each of a tag that can be changed
     void LyricsSynced(std::string_view value);
     // WXXX. "" for a parsed tag: odd on purpose, the address is in the frame's removeHeader.
     std::string UserURL() const;
     void UserURL(std::string_view value);
+    // UTF-8; "" without the frame. Writes are those of the texts above.
     std::string Comment() const; // COMM
     void Comment(std::string_view value);
     std::string Composer() const; // TCOM
@@ -89,6 +95,7 @@ public:
     std::string EncodedBy() const; // TENC
     void EncodedBy(std::string_view value);
 
+    // A new view of the object's error record.
     std::shared_ptr<TagError> LastError() const;
 
 private:

@@ -33,6 +33,7 @@ public:
     // rules are those of ID3v2.3: UTF-8 is not decoded, its bytes are read in the code page.
     std::string TextData() const;
 
+    // What the frame is, by its ID.
     bool IsPicture() const;
     bool IsArtist() const;
     bool IsAlbum() const;

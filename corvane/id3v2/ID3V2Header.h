@@ -18,12 +18,12 @@
 namespace corvane {
 
 struct ID3V2Header {
-    static constexpr std::size_t kByteCount = 10;
+    static constexpr std::size_t kByteCount = 10; // bytes of a header in a file
 
     std::string ID;                        // whoever fills the record decides how; the readers do not look at it
     std::array<std::uint8_t, 2> Version{}; // major version, revision
-    std::uint8_t Flags = 0;
-    std::array<std::uint8_t, 4> Size{};
+    std::uint8_t Flags = 0;                // as the version of the tag defines them
+    std::array<std::uint8_t, 4> Size{};    // four groups of 7 bits, most significant first
 };
 
 // The header that the first 10 of `bytes` make, whatever they say; nothing when there are fewer.

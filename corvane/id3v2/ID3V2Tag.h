@@ -33,8 +33,10 @@ class XmlNode;
 
 class CORVANE_EXPORT ID3V2Tag {
 public:
+    // An empty tag of version 2.0.0: every text "", nothing to save.
     ID3V2Tag();
 
+    // The version that the header tells, such as 2.3.0.
     std::shared_ptr<ID3V2Version> Version() const;
     // Bytes of the tag with its 10 header bytes, as a 32-bit number; 0 without a tag.
     Variant Size() const;
@@ -44,9 +46,9 @@ public:
     std::shared_ptr<corvane::ID3V23Tag> ID3V23Tag();
     std::shared_ptr<corvane::ID3V24Tag> ID3V24Tag();
 
-    // The common properties. Reads forward to the reader of the tag's version. Writes forward to the ID3v2.3 reader and
-    // do nothing for other versions; they do not read the tag, so a write before the first read of an ID3v2.3 tag fails
-    // with a RuntimeFailure (ObjectNotSet).
+    // The common properties, UTF-8. Reads forward to the reader of the tag's version. Writes forward to the ID3v2.3
+    // reader and do nothing for other versions; they do not read the tag, so a write before the first read of an
+    // ID3v2.3 tag fails with a RuntimeFailure (ObjectNotSet).
     std::string Artist();
     void Artist(std::string_view value);
     std::string Album();
@@ -57,9 +59,10 @@ public:
     void Genre(std::string_view value);
     std::string Track();
     void Track(std::string_view value);
-    std::string Year(); // "" for ID3v2.4, which has no such frame
+    std::string Year(); // decimal; "" for ID3v2.4, which has no such frame
     void Year(std::string_view value);
 
+    // A new view of the error record: the tag's own, or that of the reader that has refused to save.
     std::shared_ptr<TagError> LastError() const;
 
     // The tag as an XML document: version, size and the first frame of each ID. BaseNode, where there is one, is set to
@@ -69,7 +72,7 @@ public:
     // Whether the tag can be changed; when it cannot, LastError says why.
     bool canSave();
 
-    // ID3v2.3 and ID3v2.4 only, nothing and "" otherwise.
+    // ID3v2.3 and ID3v2.4 only, nothing and "" otherwise. Texts are UTF-8; writes are those of the common properties.
     std::shared_ptr<corvane::Picture> Picture();
     void Picture(const std::shared_ptr<corvane::Picture>& value);
     std::string LyricsUnsynced();

@@ -29,6 +29,7 @@ class TagImage;
 
 class CORVANE_EXPORT ID3V230 {
 public:
+    // A tag without frames, bound to no file.
     ID3V230();
     ~ID3V230();
     ID3V230(const ID3V230&) = delete;
@@ -53,6 +54,7 @@ public:
     // Number of frames of the tag when it was read. Fails with an overflow when there are more than 32,767.
     std::int16_t FrameCount() const;
 
+    // Texts, UTF-8: the value of the frame named here, "" without one. Writing "" takes the frame out at the next save.
     std::string Title() const; // TIT2
     void Title(std::string_view value);
     std::string Song() const; // another name of Title
@@ -84,32 +86,36 @@ public:
     std::int16_t Year() const;
     // Stores the number; 0 is a year too and deletes nothing.
     void Year(std::int16_t value);
+    // UTF-8, "" without the frame. Writing "" takes it out at the next save.
     std::string Comments() const; // COMM without a description
     void Comments(std::string_view value);
-    // UFID. In the file a blank stands behind each character, as hosts expect it; the frame gets no owner.
+    // UFID, UTF-8; "" without the frame, and writing "" takes it out. In the file a blank stands behind each character,
+    // as hosts expect it; the frame gets no owner.
     std::string UniqueKey() const;
     void UniqueKey(std::string_view value);
+    // UTF-8, "" without the frame. Writing "" takes it out at the next save.
     std::string Genre() const; // TCON without blanks at both ends, such as "(17)Rock"
     void Genre(std::string_view value);
     std::string UserText() const; // TXXX without a description
     void UserText(std::string_view value);
     std::string LyricsUnsynced() const; // USLT without a description
     void LyricsUnsynced(std::string_view value);
-    // SYLT without a description: lines "[mm:ss.f] text" with the time at which each begins. A text without times is
-    // one entry at 0.
+    // SYLT without a description, UTF-8; "" without the frame, and writing "" takes it out. Lines "[mm:ss.f] text" with
+    // the time at which each begins; a text without times is one entry at 0.
     std::string LyricsSynced() const;
     void LyricsSynced(std::string_view value);
-    // APIC without a description.
+    // APIC without a description; nothing without the frame, or when it is no JPEG, PNG, GIF or BMP image.
     std::shared_ptr<corvane::Picture> Picture() const;
     // Nothing takes the picture out of the file at the next save.
     void Picture(std::shared_ptr<corvane::Picture> value);
-    std::string Tempo() const; // COMM "MusicMatch_Tempo", and so on
+    // UTF-8, "" without the frame. Writing "" takes it out at the next save.
+    std::string Tempo() const; // COMM "MusicMatch_Tempo"
     void Tempo(std::string_view value);
-    std::string Mood() const;
+    std::string Mood() const; // COMM "MusicMatch_Mood"
     void Mood(std::string_view value);
-    std::string Situation() const;
+    std::string Situation() const; // COMM "MusicMatch_Situation"
     void Situation(std::string_view value);
-    std::string Preference() const;
+    std::string Preference() const; // COMM "MusicMatch_Preference"
     void Preference(std::string_view value);
 
     // The live collection of records, not a copy.

@@ -9,7 +9,7 @@
 namespace corvane {
 
 struct ID3V230Field {
-    ID3_FieldID FieldID = ID3_FieldID::ID3FN_NOFIELD;
+    ID3_FieldID FieldID = ID3_FieldID::ID3FN_NOFIELD;     // which field
     ID3_FieldType FieldType = ID3_FieldType::ID3FTY_NONE; // for hosts; reading a frame leaves it alone
     std::int32_t NumTextItems = 0;                        // texts in the field, 0 when it is no text
     std::int32_t Size = 0;                                // bytes

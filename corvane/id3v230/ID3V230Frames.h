@@ -16,6 +16,7 @@ namespace corvane {
 
 class CORVANE_EXPORT ID3V230Frames {
 public:
+    // Number of records, deleted ones too.
     std::int32_t Count() const { return static_cast<std::int32_t>(records_.size()); }
     // The record at a position from 1 to Count; nothing for any other.
     std::shared_ptr<ID3V230Frame> Item(std::int32_t Index) const {
@@ -23,6 +24,7 @@ public:
     }
     std::shared_ptr<ID3V230Frame> operator[](std::int32_t Index) const { return Item(Index); }
 
+    // The records in order.
     auto begin() const { return records_.begin(); }
     auto end() const { return records_.end(); }
 

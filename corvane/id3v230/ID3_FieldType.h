@@ -6,11 +6,11 @@
 namespace corvane {
 
 enum class ID3_FieldType : std::int32_t {
-    ID3FTY_NONE = -1,
-    ID3FTY_INTEGER = 0,
-    ID3FTY_BINARY = 1,
-    ID3FTY_TEXTSTRING = 2,
-    ID3FTY_NUMTYPES = 3 // how many types there are
+    ID3FTY_NONE = -1,      // not told
+    ID3FTY_INTEGER = 0,    // a number
+    ID3FTY_BINARY = 1,     // bytes
+    ID3FTY_TEXTSTRING = 2, // text
+    ID3FTY_NUMTYPES = 3    // how many types there are
 };
 
 } // namespace corvane

@@ -20,6 +20,7 @@ public:
     // The field of an ID (upper and lower case differ); nothing when there is none.
     std::shared_ptr<LyricsV200Field> find(std::string_view id) const;
 
+    // The fields in order, by offset from 0; `at` raises std::out_of_range for a place without a field.
     std::size_t count() const { return fields_.size(); }
     const std::shared_ptr<LyricsV200Field>& at(std::size_t offset) const { return fields_.at(offset); }
     auto begin() const { return fields_.begin(); }

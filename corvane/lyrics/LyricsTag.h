@@ -28,6 +28,7 @@ class XmlNode;
 
 class CORVANE_EXPORT LyricsTag {
 public:
+    // No tag: version unknown, no fields.
     LyricsTag();
     ~LyricsTag();
     LyricsTag(const LyricsTag&) = delete; // handed on by reference

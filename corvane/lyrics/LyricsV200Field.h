@@ -24,6 +24,7 @@ public:
     std::string ID() const { return id_; }
     // The length in bytes that the tag tells, 0 to 99999; 0 for a field that was imported.
     std::int32_t Size() const { return size_; }
+    // The text, UTF-8: that of the file decoded in Windows-1252.
     std::string TextData() const { return textData_; }
 
 private:

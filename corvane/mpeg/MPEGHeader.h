@@ -28,6 +28,7 @@ class FileReader;
 
 class CORVANE_EXPORT MPEGHeader {
 public:
+    // A header that was never filled, see above.
     MPEGHeader() = default;
     MPEGHeader(const MPEGHeader&) = delete;
     MPEGHeader& operator=(const MPEGHeader&) = delete;
@@ -54,6 +55,7 @@ public:
     std::int32_t Duration() const { return durationSeconds_; }
     // Whether a CRC follows the frame's header.
     bool CRC() const { return !ProtectionBit(); }
+    // The bit of that name in the header.
     bool Copyright() const;
     bool Original() const;
     // Whether a Xing header was found.
@@ -68,6 +70,7 @@ public:
     std::int16_t EmphasisID() const;
     // Bytes.
     std::int32_t FileSize() const { return fileSize_; }
+    // The bit of that name in the header.
     bool PaddingBit() const;
     bool PrivateBit() const;
     // The raw bit: the opposite of CRC.

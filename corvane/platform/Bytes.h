@@ -7,7 +7,9 @@
 
 namespace corvane {
 
+// A view of bytes that somebody else keeps.
 using Bytes = std::span<const std::uint8_t>;
+// Bytes of one's own.
 using ByteArray = std::vector<std::uint8_t>;
 
 } // namespace corvane

@@ -9,13 +9,17 @@
 namespace corvane {
 
 // Icon styles by their published numbers.
-enum class MessageBoxIcon : int { Stop = 16, Exclamation = 48, Information = 64 };
+enum class MessageBoxIcon : int {
+    Stop = 16,        // an unexpected failure
+    Exclamation = 48, // a check of the library failed
+    Information = 64  // anything else
+};
 
 // A message box with an OK button.
 struct MessageBoxRequest {
-    std::string text; // lines joined by CR LF
-    std::string caption;
-    MessageBoxIcon icon = MessageBoxIcon::Information;
+    std::string text;                                  // UTF-8, lines joined by CR LF
+    std::string caption;                               // title of the box, UTF-8
+    MessageBoxIcon icon = MessageBoxIcon::Information; // what stands beside the text
 };
 
 // What the host application calls itself.
@@ -24,6 +28,7 @@ struct HostTexts {
     std::string fileDescription; // the description of its program file
 };
 
+// Shows a box and comes back when it is closed. Called in the thread of the operation that wants it.
 using MessageBoxHook = std::function<void(const MessageBoxRequest&)>;
 
 // Sets what shows a message box from now on, for the whole process; an empty hook brings back the default, which writes
@@ -33,7 +38,9 @@ CORVANE_EXPORT void setMessageBoxHook(MessageBoxHook hook);
 // Sets the host's texts, for the whole process; until then both are the program's name.
 CORVANE_EXPORT void setHostTexts(HostTexts texts);
 
+// What is set at this time; for the library.
 HostTexts hostTexts();
+// Shows a box with what is set at this time; for the library.
 void showMessageBox(const MessageBoxRequest& request);
 
 } // namespace corvane

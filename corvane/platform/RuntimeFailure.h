@@ -32,8 +32,11 @@ public:
     RuntimeFailure& operator=(const RuntimeFailure&) noexcept = default;
     ~RuntimeFailure() override;
 
+    // An errno value or a FailureNumber.
     std::int32_t number() const noexcept { return number_; }
+    // Label of the operation that failed.
     const std::string& source() const noexcept { return source_; }
+    // The message, for people.
     std::string description() const { return what(); }
 
 private:

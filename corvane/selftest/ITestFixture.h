@@ -19,6 +19,7 @@ public:
     virtual void StartStep(const std::string& Text) = 0;
 };
 
+// A test that a manager runs: Setup, RunTest, TearDown.
 class CORVANE_EXPORT ITestFixture {
 public:
     virtual ~ITestFixture() = default;
@@ -29,6 +30,7 @@ public:
     virtual void RunTest() = 0;
     // Releases the manager.
     virtual void TearDown() = 0;
+    // What the test is called.
     virtual std::string Name() const = 0;
     // Whether the manager shall go on with the next step after a failed check.
     virtual bool ContinueAfterError() const = 0;

@@ -30,6 +30,7 @@ public:
     // declaration names (UTF-8 without them). Fails as fromText does.
     static XmlNode fromBytes(Bytes document);
 
+    // Whether there is a node.
     explicit operator bool() const { return node_ != nullptr; }
 
     // The element's name without a namespace prefix; "" for nothing.
@@ -38,7 +39,8 @@ public:
     std::optional<std::string> attribute(const std::string& name) const;
     // The text directly inside the element.
     std::string text() const;
-    // The first node that an XPath 1.0 expression selects from this node, or nothing.
+    // The first node that an XPath 1.0 expression selects from this node; nothing when it selects none, or an
+    // attribute. Fails with a RuntimeFailure (0x80040000) when the text is no such expression.
     XmlNode selectSingleNode(const std::string& xpath) const;
     // The node as XML text, without a declaration.
     std::string xml() const;
