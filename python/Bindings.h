@@ -26,7 +26,10 @@ void bindID3V24Frame(pybind11::module_& corvane);
 void bindID3V24Tag(pybind11::module_& corvane);
 void bindID3V2Tag(pybind11::module_& corvane);
 void bindID3V2Version(pybind11::module_& corvane);
-void bindId3libEnumerations(pybind11::module_& corvane);
+void bindID3_FieldID(pybind11::module_& corvane);
+void bindID3_FieldType(pybind11::module_& corvane);
+void bindID3_FrameID(pybind11::module_& corvane);
+void bindID3_TagType(pybind11::module_& corvane);
 void bindLyricsTag(pybind11::module_& corvane);
 void bindLyricsV200Field(pybind11::module_& corvane);
 void bindMPEGHeader(pybind11::module_& corvane);
@@ -34,5 +37,6 @@ void bindPicture(pybind11::module_& corvane);
 void bindScan(pybind11::module_& corvane);
 void bindTagError(pybind11::module_& corvane);
 void bindTestFixture(pybind11::module_& corvane);
+void bindenumShortOrLongText(pybind11::module_& corvane);
 
 } // namespace corvane::python
