@@ -2,7 +2,7 @@
 SHELL := /bin/bash
 .SHELLFLAGS := -euo pipefail -c
 .DEFAULT_GOAL := help
-.PHONY: help packages run test asan fuzz tsan coverage bench docs format tidy clean
+.PHONY: help packages run test asan fuzz tsan coverage bench docs screenshots format tidy clean
 
 export CTEST_PARALLEL_LEVEL ?= $(shell nproc)
 
@@ -23,7 +23,7 @@ run: packages ## build, show everything that is inside a sample file, and change
 	@printf '\n\n'
 	@build/release/apps/cli/corvane show build/release/examples/changed.mp3
 
-test: packages ## build and run all tests, the unit tests under sanitizers once more, and the fuzz targets for a moment
+test: packages ## build and run all tests, those of units, controls and editor under sanitizers once more, and the fuzz targets for a moment
 	cmake --workflow --preset dev
 	cmake --workflow --preset asan
 	cmake --workflow --preset fuzz
@@ -43,6 +43,11 @@ bench: packages ## build the benchmarks and print their table
 docs: packages ## build the API reference of the published headers
 	@docs/reference/build.py build/reference
 	@echo build/reference/html/index.html
+
+screenshots: packages ## take pictures of the controls and of the editor, into build/screenshots
+	cmake --preset dev
+	cmake --build --preset dev --target controls-screenshots editor-screenshots corvane-cli tour
+	tools/screenshots build/dev build/screenshots
 
 format: packages ## format every C++ file
 	tools/format

@@ -23,6 +23,7 @@ CaseDialog::CaseDialog(QWidget* parent) : QDialog(parent) {
     addCase(BatchString::kProperCase, tr("&First Letter of Each Word"));
     addCase(BatchString::kLowerCase, tr("all in &lower case"));
     addCase(BatchString::kUpperCase, tr("ALL IN &UPPER CASE"));
+    caseColumn->addStretch();
     conversions_.front().second->setChecked(true);
 
     auto* texts = new QGroupBox(tr("In"), this);

@@ -67,13 +67,15 @@ void FileList::makeView() {
     connect(header, &QWidget::customContextMenuRequested, this, &FileList::showHeaderMenu);
     const int letter = view_->fontMetrics().averageCharWidth();
     for (int column = 0; column < FileTable::ColumnCount; ++column) {
-        view_->setColumnWidth(column, kLetters[static_cast<std::size_t>(column)] * letter);
+        const int width = kLetters[static_cast<std::size_t>(column)] * letter;
+        view_->setColumnWidth(column, std::max(width, header->sectionSizeHint(column)));
     }
 }
 
 void FileList::showHeaderMenu(const QPoint& at) {
     QHeaderView* header = view_->horizontalHeader();
     auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("columns"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (int column = FileTable::Title; column < FileTable::ColumnCount; ++column) {
         QAction* action = menu->addAction(table_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());

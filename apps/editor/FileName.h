@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QString>
+#include <QUrl>
 #include <string>
 
 namespace corvane::editor {
@@ -14,5 +15,11 @@ inline QString folderOf(const std::string& path) {
     return separator == std::string::npos ? QString() : shownPath(path.substr(0, separator == 0 ? 1 : separator));
 }
 inline std::string pathOf(const QString& path) { return QFile::encodeName(path).toStdString(); }
+// The bytes that a URL of a file stands for, whether they are text or not.
+inline std::string pathOf(const QUrl& url) {
+    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+// Whether the text tells the path exactly.
+inline bool isText(const std::string& path) { return pathOf(shownPath(path)) == path; }
 
 } // namespace corvane::editor

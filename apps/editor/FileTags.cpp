@@ -1,5 +1,6 @@
 #include "apps/editor/FileTags.h"
 
+#include "corvane/controls/Id3v2Values.h"
 #include "corvane/core/FileHandler.h"
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/Id3v1Record.h"
@@ -13,38 +14,25 @@ namespace corvane::editor {
 
 namespace {
 
-constexpr const char* kNoYear = "0";
+using controls::Id3v2Text;
+using controls::kNoYear;
 
-struct Id3v2Field {
-    Field field;
-    std::string (ID3V2Tag::*read)();
-    void (ID3V2Tag::*write)(std::string_view);
-};
-
-constexpr std::array<Id3v2Field, kFieldCount> kId3v2Fields{{
-    {Field::Title, &ID3V2Tag::Title, &ID3V2Tag::Title},
-    {Field::Artist, &ID3V2Tag::Artist, &ID3V2Tag::Artist},
-    {Field::Album, &ID3V2Tag::Album, &ID3V2Tag::Album},
-    {Field::Year, &ID3V2Tag::Year, &ID3V2Tag::Year},
-    {Field::Track, &ID3V2Tag::Track, &ID3V2Tag::Track},
-    {Field::Genre, &ID3V2Tag::Genre, &ID3V2Tag::Genre},
-    {Field::Comment, &ID3V2Tag::Comment, &ID3V2Tag::Comment},
-    {Field::Composer, &ID3V2Tag::Composer, &ID3V2Tag::Composer},
-    {Field::OriginalArtist, &ID3V2Tag::OriginalArtist, &ID3V2Tag::OriginalArtist},
-    {Field::Copyright, &ID3V2Tag::Copyright, &ID3V2Tag::Copyright},
-    {Field::Url, &ID3V2Tag::UserURL, &ID3V2Tag::UserURL},
-    {Field::EncodedBy, &ID3V2Tag::EncodedBy, &ID3V2Tag::EncodedBy},
-    {Field::Lyrics, &ID3V2Tag::LyricsUnsynced, &ID3V2Tag::LyricsUnsynced},
-    {Field::SyncedLyrics, &ID3V2Tag::LyricsSynced, &ID3V2Tag::LyricsSynced},
-}};
-
-constexpr bool standsInOrder() {
-    for (std::size_t at = 0; at < kId3v2Fields.size(); ++at) {
-        if (kId3v2Fields[at].field != fieldAt(at)) return false;
+// The texts of the ID3v2 control and, in its place among them, the genre, which the control has in a list.
+constexpr auto kId3v2Fields = [] {
+    std::array<Id3v2Text, kFieldCount> rows{};
+    std::size_t at = 0;
+    for (const Id3v2Text& text : controls::kId3v2Texts) {
+        if (fieldAt(at) == Field::Genre) rows[at++] = {"cmbGenre", &ID3V2Tag::Genre, &ID3V2Tag::Genre, "Genre"};
+        rows[at++] = text;
     }
-    return true;
+    return rows;
+}();
+
+constexpr bool stands(Field field, std::string_view box) {
+    return kId3v2Fields[static_cast<std::size_t>(field)].box == box;
 }
-static_assert(standsInOrder());
+static_assert(stands(Field::Title, "txtTitle") && stands(Field::Track, "txtTrack") && stands(Field::Genre, "cmbGenre"));
+static_assert(stands(Field::Comment, "txtComment") && stands(Field::SyncedLyrics, "txtSyncedLyrics"));
 
 TagValues valuesOf(const ID3V1Tag& tag) {
     TagValues values;
@@ -77,13 +65,13 @@ FileTags tagsOf(FileHandler& file) {
 TagValues valuesOf(ID3V2Tag& tag) {
     TagValues values;
     values.present = true;
-    for (const Id3v2Field& field : kId3v2Fields) values[field.field] = (tag.*field.read)();
+    for (std::size_t at = 0; at < kFieldCount; ++at) values.texts[at] = (tag.*kId3v2Fields[at].read)();
     if (values[Field::Year] == kNoYear) values[Field::Year].clear();
     return values;
 }
 
 void setText(ID3V2Tag& tag, Field field, const std::string& text) {
-    const Id3v2Field& row = kId3v2Fields[static_cast<std::size_t>(field)];
+    const Id3v2Text& row = kId3v2Fields[static_cast<std::size_t>(field)];
     (tag.*row.write)(field == Field::Year && text.empty() ? std::string(kNoYear) : text);
 }
 

@@ -1,11 +1,13 @@
 // The menus of the window, and what they ask for.
 #include "apps/editor/About.h"
 #include "apps/editor/FileName.h"
+#include "apps/editor/Icon.h"
 #include "apps/editor/MainWindow.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QMenuBar>
+#include <QToolBar>
 
 namespace corvane::editor {
 
@@ -21,7 +23,7 @@ QAction* MainWindow::action(const char* name, const QString& text, const char* i
                             std::function<void()> run) {
     auto* made = new QAction(text, this);
     made->setObjectName(QLatin1String(name));
-    if (icon) made->setIcon(QIcon::fromTheme(QLatin1String(icon)));
+    if (icon) made->setIcon(iconOf(icon));
     made->setShortcut(shortcut);
     connect(made, &QAction::triggered, this, std::move(run));
     return made;
@@ -32,32 +34,47 @@ void MainWindow::makeMenus() {
     makeEditMenu();
     toolMenu_ = new ToolMenu(*editing_, this);
     menuBar()->addMenu(toolMenu_);
-    makeViewMenu();
+    makeViewMenu(*makeToolBar());
     makeHelpMenu();
+}
+
+// What is used most. The menus have all of it, with its keys.
+QToolBar* MainWindow::makeToolBar() {
+    QToolBar* bar = addToolBar(tr("Tool bar"));
+    bar->setObjectName(QStringLiteral("toolBar"));
+    for (const char* name : {"openFiles", "openFolder", "", "save", "preview", "", "undo", "redo", "revert", "",
+                             "loadPicture", "chooseGenre", "numberTracks"}) {
+        if (auto* action = findChild<QAction*>(QLatin1String(name)); *name && action) {
+            bar->addAction(action);
+        } else {
+            bar->addSeparator();
+        }
+    }
+    return bar;
 }
 
 void MainWindow::makeFileMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(
-        action("openFiles", tr("&Open files…"), "document-open", QKeySequence::Open, [this] { chooseFiles(); }));
+        action("openFiles", tr("&Open files…"), "open-files", QKeySequence::Open, [this] { chooseFiles(); }));
     menu->addAction(
-        action("openFolder", tr("Open f&older…"), "folder-open", keys("Ctrl+Shift+O"), [this] { chooseFolder(); }));
+        action("openFolder", tr("Open f&older…"), "open-folder", keys("Ctrl+Shift+O"), [this] { chooseFolder(); }));
     QMenu* recent = menu->addMenu(tr("Open &recent"));
     recent->setObjectName(QStringLiteral("recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { showRecent(*recent); });
     menu->addSeparator();
-    save_ = action("save", tr("&Save all changes"), "document-save", QKeySequence::Save,
+    save_ = action("save", tr("&Save all changes"), "save", QKeySequence::Save,
                    [this] { saving_.save(session_.changedPaths()); });
     saveSelected_ = action("saveSelected", tr("Save s&elected files"), nullptr, keys("Ctrl+Shift+S"),
                            [this] { saving_.save(editing_->editable()); });
-    preview_ = action("preview", tr("&Preview the changes…"), "document-preview", keys("Ctrl+P"),
+    preview_ = action("preview", tr("&Preview the changes…"), "preview", keys("Ctrl+P"),
                       [this] { saving_.preview(session_.changedPaths()); });
     report_ = action("report", tr("Repor&t of the last save…"), nullptr, {}, [this] { saving_.showReport(); });
     menu->addActions({save_, saveSelected_, preview_, report_});
     menu->addSeparator();
     menu->addAction(
         action("closeFiles", tr("&Close all files"), nullptr, keys("Ctrl+Shift+W"), [this] { closeFiles(); }));
-    menu->addAction(action("quit", tr("&Quit"), "application-exit", QKeySequence::Quit, [this] { close(); }));
+    menu->addAction(action("quit", tr("&Quit"), nullptr, QKeySequence::Quit, [this] { close(); }));
 }
 
 void MainWindow::makeEditMenu() {
@@ -66,12 +83,11 @@ void MainWindow::makeEditMenu() {
     redo_ = session_.undoStack().createRedoAction(this, tr("&Redo"));
     undo_->setObjectName(QStringLiteral("undo"));
     redo_->setObjectName(QStringLiteral("redo"));
-    undo_->setIcon(QIcon::fromTheme(QStringLiteral("edit-undo")));
-    redo_->setIcon(QIcon::fromTheme(QStringLiteral("edit-redo")));
+    undo_->setIcon(iconOf("undo"));
+    redo_->setIcon(iconOf("redo"));
     undo_->setShortcut(QKeySequence::Undo);
     redo_->setShortcuts({keys("Ctrl+Shift+Z"), keys("Ctrl+Y")});
-    revert_ = action("revert", tr("Re&vert selected files"), "document-revert", keys("Ctrl+R"),
-                     [this] { editing_->revert(); });
+    revert_ = action("revert", tr("Re&vert selected files"), "revert", keys("Ctrl+R"), [this] { editing_->revert(); });
     menu->addActions({undo_, redo_});
     menu->addSeparator();
     menu->addAction(revert_);
@@ -82,9 +98,9 @@ void MainWindow::makeEditMenu() {
     }));
 }
 
-void MainWindow::makeViewMenu() {
+void MainWindow::makeViewMenu(QToolBar& toolBar) {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
-    menu->addAction(action("goToFilter", tr("Go to &filter"), "edit-find", QKeySequence::Find, [this] {
+    menu->addAction(action("goToFilter", tr("Go to &filter"), "find", QKeySequence::Find, [this] {
         list_->words().setFocus(Qt::ShortcutFocusReason);
         list_->words().selectAll();
     }));
@@ -96,11 +112,12 @@ void MainWindow::makeViewMenu() {
     frames_->setCheckable(true);
     connect(frames_, &QAction::toggled, pages_, &FilePages::showFrames);
     menu->addAction(frames_);
+    menu->addAction(toolBar.toggleViewAction());
 }
 
 void MainWindow::makeHelpMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Help"));
-    menu->addAction(action("about", tr("&About Corvane Editor"), "help-about", {}, [this] { showAbout(*this); }));
+    menu->addAction(action("about", tr("&About Corvane Editor"), nullptr, {}, [this] { showAbout(*this); }));
     menu->addAction(action("aboutQt", tr("About &Qt"), nullptr, {}, [] { QApplication::aboutQt(); }));
 }
 

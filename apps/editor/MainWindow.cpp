@@ -101,7 +101,9 @@ void MainWindow::connectParts() {
 
 void MainWindow::open(const std::vector<std::string>& paths) {
     if (paths.empty()) return;
-    for (const std::string& path : paths) recent_.add(shownPath(path));
+    for (const std::string& path : paths) {
+        if (isText(path)) recent_.add(shownPath(path)); // settings are text
+    }
     loader_.load(paths);
 }
 
@@ -217,7 +219,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
     std::vector<std::string> paths;
     for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) paths.push_back(pathOf(url.toLocalFile()));
+        if (url.isLocalFile()) paths.push_back(pathOf(url));
     }
     event->acceptProposedAction();
     open(paths);

@@ -23,6 +23,8 @@
 #include <string>
 #include <vector>
 
+class QToolBar;
+
 namespace corvane::editor {
 
 class MainWindow : public QMainWindow {
@@ -55,7 +57,8 @@ private:
     void makeMenus();
     void makeFileMenu();
     void makeEditMenu();
-    void makeViewMenu();
+    QToolBar* makeToolBar();
+    void makeViewMenu(QToolBar& toolBar);
     void makeHelpMenu();
     QAction* action(const char* name, const QString& text, const char* icon, const QKeySequence& keys,
                     std::function<void()> run);

@@ -5,6 +5,7 @@
 
 #include "apps/editor/CaseDialog.h"
 #include "apps/editor/GenreDialog.h"
+#include "apps/editor/Icon.h"
 #include "apps/editor/NumberDialog.h"
 #include "apps/editor/Tools.h"
 
@@ -20,10 +21,14 @@ ToolMenu::ToolMenu(Editing& editing, QWidget* parent) : QMenu(tr("&Tags"), paren
     addTool("copyToV1", tr("Copy ID3v&2 to ID3v1"), withCopyToV1);
     addSeparator();
     add("convertCase", tr("Convert &case…"), {}, [this] { convertCase(); });
-    add("numberTracks", tr("&Number the tracks…"), {}, [this] { numberTracks(); });
-    add("chooseGenre", tr("&Genre…"), QKeySequence(QStringLiteral("Ctrl+G")), [this] { chooseGenre(); });
+    add("numberTracks", tr("&Number the tracks…"), {}, [this] { numberTracks(); })->setIcon(iconOf("number"));
+    add("chooseGenre", tr("&Genre…"), QKeySequence(QStringLiteral("Ctrl+G")), [this] {
+        chooseGenre();
+    })->setIcon(iconOf("genre"));
     addSeparator();
-    add("loadPicture", tr("Load &picture…"), QKeySequence(QStringLiteral("Ctrl+Shift+P")), [this] { loadPicture(); });
+    add("loadPicture", tr("Load &picture…"), QKeySequence(QStringLiteral("Ctrl+Shift+P")), [this] {
+        loadPicture();
+    })->setIcon(iconOf("picture"));
     addTool("removePicture", tr("R&emove picture"),
             [](FileTags tags) { return withPicture(std::move(tags), nullptr); });
     addSeparator();
@@ -32,9 +37,10 @@ ToolMenu::ToolMenu(Editing& editing, QWidget* parent) : QMenu(tr("&Tags"), paren
     addTool("removeBoth", tr("Remove &both tags"), [](FileTags tags) { return withoutV1(withoutV2(std::move(tags))); });
 }
 
-void ToolMenu::add(const char* name, const QString& text, const QKeySequence& keys, std::function<void()> run) {
+QAction* ToolMenu::add(const char* name, const QString& text, const QKeySequence& keys, std::function<void()> run) {
     QAction* action = addAction(text, keys, this, [run = std::move(run)] { controls::behindWall("ToolMenu", run); });
     action->setObjectName(QLatin1String(name));
+    return action;
 }
 
 void ToolMenu::addTool(const char* name, const QString& text, const Tool& tool) {

@@ -20,7 +20,7 @@ public:
     void updateActions(bool isUsable);
 
 private:
-    void add(const char* name, const QString& text, const QKeySequence& keys, std::function<void()> run);
+    QAction* add(const char* name, const QString& text, const QKeySequence& keys, std::function<void()> run);
     void addTool(const char* name, const QString& text, const Tool& tool);
     void convertCase();
     void numberTracks();

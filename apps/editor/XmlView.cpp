@@ -77,6 +77,7 @@ XmlView::XmlView(QWidget* parent) : QWidget(parent) {
     text_->setAccessibleName(tr("XML document"));
     copy_ = new QPushButton(tr("&Copy"), this);
     export_ = new QPushButton(tr("E&xport…"), this);
+    export_->setObjectName(QStringLiteral("exportDocument"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(copy_);

@@ -3,11 +3,10 @@
 #include "corvane/controls/Text.h"
 
 #include "apps/editor/MainWindow.h"
+#include "apps/editor/Translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QLibraryInfo>
-#include <QTranslator>
 #include <filesystem>
 
 namespace {
@@ -38,15 +37,7 @@ int main(int count, char** arguments) {
     QApplication::setApplicationVersion(corvane::controls::toQt(corvane::kVersion));
     QApplication::setDesktopFileName(QStringLiteral("corvane-editor"));
 
-    QTranslator ofQt, ours;
-    if (ofQt.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-                  QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QApplication::installTranslator(&ofQt);
-    }
-    if (ours.load(QLocale(), QStringLiteral("corvane-editor"), QStringLiteral("_"),
-                  QApplication::applicationDirPath() + QStringLiteral("/../share/corvane/translations"))) {
-        QApplication::installTranslator(&ours);
-    }
+    const corvane::editor::Translations texts{QLocale()};
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QApplication::tr("Edits the tags of MP3 files."));

@@ -8,4 +8,5 @@
 #include "corvane/controls/ID3v2.h"
 #include "corvane/controls/Lyrics.h"
 #include "corvane/controls/PropertyBag.h"
+#include "corvane/controls/Translation.h"
 #include "corvane/controls/cTextBox.h"

@@ -21,7 +21,7 @@ void FieldLimit::look() {
     const auto count = characterCount(box_.text());
     const bool cut = count > limit_;
     setText(cut ? QStringLiteral("%1/%2").arg(count).arg(limit_) : QString());
-    const QString hint = cut ? tr("Only the first %n character(s) are stored.", nullptr, limit_) : QString();
+    const QString hint = cut ? tr("Only the first %1 characters are stored.").arg(limit_) : QString();
     setToolTip(hint);
     box_.setToolTip(hint);
     box_.setAccessibleDescription(hint);

@@ -33,8 +33,9 @@ public:
 
 FrameList::FrameList(QWidget* parent) : QTreeWidget(parent) {
     setObjectName(QStringLiteral("lvwFrames"));
-    setAccessibleName(tr("Frames of the tag"));
-    setHeaderLabels({tr("Frame"), tr("Value"), tr("Description"), tr("Language")});
+    setAccessibleName(FrameList::tr("Frames of the tag"));
+    setHeaderLabels(
+        {FrameList::tr("Frame"), FrameList::tr("Value"), FrameList::tr("Description"), FrameList::tr("Language")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);

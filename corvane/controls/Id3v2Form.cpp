@@ -6,24 +6,9 @@
 
 namespace corvane::controls {
 
-namespace {
+using namespace text_row;
 
-enum Text : std::size_t {
-    Title,
-    Artist,
-    Album,
-    Year,
-    Track,
-    Comment,
-    Composer,
-    OriginalArtist,
-    Copyright,
-    Url,
-    EncodedBy,
-    Lyrics,
-    SyncedLyrics
-};
-static_assert(Year == kYearText && SyncedLyrics + 1 == kId3v2Texts.size());
+namespace {
 
 QLabel* namedLabel(QWidget& parent, const char* name) {
     auto* made = new QLabel(&parent);

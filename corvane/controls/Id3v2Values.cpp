@@ -9,8 +9,6 @@ namespace corvane::controls {
 
 namespace {
 
-constexpr const char* kNoYear = "0";
-
 std::optional<std::uint8_t> genreOfNumber(int number) {
     if (genreName(number).empty()) return std::nullopt;
     return static_cast<std::uint8_t>(number);
@@ -49,7 +47,7 @@ std::string genreToWrite(std::optional<std::uint8_t> genre) {
 Id3v2Values valuesOf(ID3V2Tag& tag) {
     Id3v2Values values;
     for (std::size_t at = 0; at < kId3v2Texts.size(); ++at) values.texts[at] = (tag.*kId3v2Texts[at].read)();
-    if (values.texts[kYearText] == kNoYear) values.texts[kYearText].clear();
+    if (values.texts[text_row::Year] == kNoYear) values.texts[text_row::Year].clear();
     readGenre(tag, values);
     values.picture = tag.Picture();
     return values;
@@ -69,10 +67,10 @@ Id3v2Values valuesOf(const XmlNode& tag) {
 
 void writeChanges(ID3V2Tag& tag, const Id3v2Values& shown, const Id3v2Values& wanted) {
     // The year comes first: it is the only one that can be refused.
-    const std::string& year = wanted.texts[kYearText];
-    if (year != shown.texts[kYearText]) tag.Year(year.empty() ? std::string_view(kNoYear) : year);
+    const std::string& year = wanted.texts[text_row::Year];
+    if (year != shown.texts[text_row::Year]) tag.Year(year.empty() ? std::string_view(kNoYear) : year);
     for (std::size_t at = 0; at < kId3v2Texts.size(); ++at) {
-        if (at != kYearText && wanted.texts[at] != shown.texts[at]) (tag.*kId3v2Texts[at].write)(wanted.texts[at]);
+        if (at != text_row::Year && wanted.texts[at] != shown.texts[at]) (tag.*kId3v2Texts[at].write)(wanted.texts[at]);
     }
     if (wanted.genre != shown.genre) tag.Genre(genreToWrite(wanted.genre));
     if (wanted.picture != shown.picture) tag.Picture(wanted.picture);

@@ -22,8 +22,27 @@ struct Id3v2Text {
     const char* xmlName;
 };
 
-inline constexpr std::size_t kYearText = 3;
-inline constexpr std::array<Id3v2Text, 13> kId3v2Texts{{
+// The rows of the table of texts.
+namespace text_row {
+enum : std::size_t {
+    Title,
+    Artist,
+    Album,
+    Year,
+    Track,
+    Comment,
+    Composer,
+    OriginalArtist,
+    Copyright,
+    Url,
+    EncodedBy,
+    Lyrics,
+    SyncedLyrics,
+    Count
+};
+} // namespace text_row
+
+inline constexpr std::array<Id3v2Text, text_row::Count> kId3v2Texts{{
     {"txtTitle", &ID3V2Tag::Title, &ID3V2Tag::Title, "Title"},
     {"txtArtist", &ID3V2Tag::Artist, &ID3V2Tag::Artist, "Artist"},
     {"txtAlbum", &ID3V2Tag::Album, &ID3V2Tag::Album, "Album"},
@@ -38,7 +57,9 @@ inline constexpr std::array<Id3v2Text, 13> kId3v2Texts{{
     {"txtLyrics", &ID3V2Tag::LyricsUnsynced, &ID3V2Tag::LyricsUnsynced, "USLT"},
     {"txtSyncedLyrics", &ID3V2Tag::LyricsSynced, &ID3V2Tag::LyricsSynced, "SYLT"},
 }};
-static_assert(std::string_view(kId3v2Texts[kYearText].box) == "txtYear");
+static_assert(std::string_view(kId3v2Texts[text_row::Year].box) == "txtYear");
+static_assert(std::string_view(kId3v2Texts[text_row::SyncedLyrics].box) == "txtSyncedLyrics");
+inline constexpr const char* kNoYear = "0"; // what a tag without a year tells
 
 struct Id3v2Values {
     std::array<std::string, kId3v2Texts.size()> texts; // UTF-8

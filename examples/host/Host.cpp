@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -26,6 +27,8 @@ public:
         column->addWidget(&container_);
         column->addWidget(tabs, 1);
         column->addWidget(buttons);
+        buttons->button(QDialogButtonBox::Save)->setShortcut(QKeySequence::Save);
+        buttons->button(QDialogButtonBox::Close)->setShortcut(QKeySequence::Close);
         connect(buttons, &QDialogButtonBox::accepted, this, [this] { save(); });
         connect(buttons, &QDialogButtonBox::rejected, this, [this] { close(); });
     }

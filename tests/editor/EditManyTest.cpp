@@ -22,7 +22,7 @@ struct TwoFiles {
     bool open() { return window.open({first.path(), second.path()}) && window.select({0, 1}); }
     bool save() {
         window.action("save").trigger();
-        return window.waitForSave();
+        return window.waitForSave() && audioIsUntouchedIn(first) && audioIsUntouchedIn(second);
     }
 };
 
@@ -59,7 +59,6 @@ private Q_SLOTS:
         QCOMPARE(second.v1[Field::Album], std::string("Both"));
         QCOMPARE(first.v2[Field::Title], std::string("One"));
         QCOMPARE(second.v2[Field::Title], std::string("Two"));
-        QVERIFY(hasItsAudio(files.first) && hasItsAudio(files.second));
     }
 
     void UndoBringsAllFilesBackInOneStep() {

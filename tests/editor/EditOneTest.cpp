@@ -73,6 +73,7 @@ private Q_SLOTS:
         QCOMPARE(tags.v2[Field::Title], std::string("New"));
         QCOMPARE(tags.v2[Field::Artist], std::string("An artist"));
         QCOMPARE(tags.v1[Field::Comment], std::string("Of ID3v1"));
+        QVERIFY(audioIsUntouchedIn(file));
         QVERIFY(!window->isWindowModified());
         QVERIFY(!window.action("undo").isEnabled());
         QVERIFY(!window.cell(0, FileTable::Name).startsWith(QChar(0x2022)));
@@ -120,6 +121,7 @@ private Q_SLOTS:
         QVERIFY(window.waitForSave());
         const FileTags tags = readTags(file.path());
         QCOMPARE(tags.v2[Field::Title], std::string("Fresh"));
+        QVERIFY(file.audioIsUntouched());
         QVERIFY(!tags.v1.present);
     }
 
@@ -163,6 +165,7 @@ private Q_SLOTS:
         QTest::mouseClick(panel.clearButton(), Qt::LeftButton);
         window.action("save").trigger();
         QVERIFY(window.waitForSave());
+        QVERIFY(file.audioIsUntouched());
         const auto content = file.content();
         const auto front = jpegImage(8, 8), shown = pngImage(9, 9);
         const auto holds = [&content](const corvane::ByteArray& bytes) {
@@ -170,6 +173,20 @@ private Q_SLOTS:
         };
         QVERIFY(holds(front));
         QVERIFY(!holds(shown));
+    }
+
+    void FileWhoseNameIsNoTextIsEditedAsAnyOther() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "caf\xe9.mp3", "Old");
+        QVERIFY(window.open({window.folder().path()}));
+        QVERIFY(window.select({0}));
+        QVERIFY(window.cell(0, FileTable::Name).startsWith("caf"));
+        window.field("txtTitle").selectAll();
+        type(window.field("txtTitle"), "New");
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        QCOMPARE(readTags(file.path()).v2[Field::Title], std::string("New"));
+        QVERIFY(file.audioIsUntouched());
     }
 
     void FileThatCannotBeReadSaysWhy() {

@@ -3,7 +3,9 @@
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 
+#include <QHeaderView>
 #include <QMimeData>
+#include <QToolBar>
 #include <QToolButton>
 
 using namespace corvane::editor;
@@ -25,6 +27,15 @@ struct ChangedFile {
     std::string title() const { return readTags(file.path()).v2[Field::Title]; }
 };
 
+// Whether the window takes what is dragged over it and dropped.
+bool drop(MainWindow& window, const QMimeData& data) {
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &enter);
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &drop);
+    return enter.isAccepted();
+}
+
 } // namespace
 
 class MainWindowTest : public QObject {
@@ -37,12 +48,22 @@ private Q_SLOTS:
         QVERIFY(window.open({}));
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(window.folder().path()))});
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&*window, &enter);
-        QVERIFY(enter.isAccepted());
-        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&*window, &drop);
+        QVERIFY(drop(*window, data));
         QTRY_COMPARE(window->table().rowCount(), 1);
+    }
+
+    void DroppedFileIsFoundWhateverItsNameIsMadeOf() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "caf\xe9 100%.mp3", "One");
+        QVERIFY(window.open({}));
+        QMimeData data;
+        const QByteArray folder = QByteArray::fromStdString(window.folder().path());
+        data.setUrls({QUrl::fromEncoded("file://" + folder + "/caf%E9%20100%25.mp3")});
+        QVERIFY(drop(*window, data));
+        QTRY_COMPARE(window->table().rowCount(), 1);
+        QCOMPARE(window->table().path(0), file.path());
+        QVERIFY(window->table().find(file.path())->failure.empty());
+        QVERIFY(RecentPaths(window.settings()).paths().isEmpty()); // no text leads back to it
     }
 
     void OpenedPathsAreRemembered() {
@@ -56,6 +77,71 @@ private Q_SLOTS:
         for (int at = 0; at < 12; ++at) RecentPaths(window.settings()).add(QString::number(at));
         QCOMPARE(RecentPaths(window.settings()).paths().size(), RecentPaths::kLimit);
         QCOMPARE(RecentPaths(window.settings()).paths().front(), QStringLiteral("11"));
+    }
+
+    void RecentPathIsOpenedAgain() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a & b.mp3", "One");
+        QVERIFY(window.open({file.path()}));
+        window.action("closeFiles").trigger();
+        QCOMPARE(window->table().rowCount(), 0);
+        auto& recent = child<QMenu>(*window, "recent");
+        Q_EMIT recent.aboutToShow();
+        recent.actions().front()->trigger();
+        QTRY_COMPARE(window->table().rowCount(), 1);
+        recent.actions().back()->trigger();
+        QVERIFY(RecentPaths(window.settings()).paths().isEmpty());
+    }
+
+    void ToolBarOffersWhatIsUsedMost() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        auto& bar = child<QToolBar>(*changed.window, "toolBar");
+        for (const char* name : {"openFiles", "openFolder", "save", "preview", "undo", "redo", "revert", "loadPicture",
+                                 "chooseGenre", "numberTracks"}) {
+            QAction& action = changed.window.action(name);
+            auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(&action));
+            QVERIFY2(button && !button->toolTip().isEmpty(), name);
+            const QImage icon = action.icon().pixmap(24, 24).toImage();
+            QVERIFY2(!icon.isNull() && icon != QImage(icon.size(), icon.format()), name);
+        }
+        QTest::mouseClick(bar.widgetForAction(&changed.window.action("save")), Qt::LeftButton);
+        QVERIFY(changed.window.waitForSave());
+        QCOMPARE(changed.title(), std::string("New"));
+        QVERIFY(changed.file.audioIsUntouched());
+    }
+
+    void HiddenToolBarStaysHidden() {
+        EditorWindow window;
+        QVERIFY(window.open({}));
+        auto& bar = child<QToolBar>(*window, "toolBar");
+        QVERIFY(bar.isVisible());
+        bar.toggleViewAction()->trigger();
+        QVERIFY(!bar.isVisible());
+        window->close();
+        const MainWindow next(window.settings());
+        QVERIFY(child<QToolBar>(next, "toolBar").isHidden());
+    }
+
+    void MenuOfTheHeaderHidesAndShowsColumns() {
+        EditorWindow window;
+        QVERIFY(window.open({}));
+        QHeaderView* header = window->list().view().horizontalHeader();
+        const auto choose = [&](int column) {
+            Q_EMIT header->customContextMenuRequested(QPoint(5, 5));
+            auto& menu = child<QMenu>(*window, "columns");
+            QAction* entry = menu.actions().at(column - FileTable::Title);
+            const bool isShown = entry->isChecked();
+            entry->trigger();
+            menu.close();
+            QTest::qWait(1); // it goes when it is closed
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return isShown;
+        };
+        QVERIFY(choose(FileTable::Genre));
+        QVERIFY(header->isSectionHidden(FileTable::Genre));
+        QVERIFY(!choose(FileTable::Genre));
+        QVERIFY(!header->isSectionHidden(FileTable::Genre));
     }
 
     void FilterShowsFewerFilesAndSaysSo() {
@@ -114,6 +200,7 @@ private Q_SLOTS:
         changed.window.action("save").trigger();
         QVERIFY(changed.window.waitForSave());
         QCOMPARE(changed.title(), std::string("New"));
+        QVERIFY(changed.file.audioIsUntouched());
         QVERIFY(!changed.window->isWindowModified());
     }
 

@@ -55,6 +55,7 @@ private Q_SLOTS:
         expected.v1[Field::Title] = expected.v2[Field::Title] = "New";
         QCOMPARE(readTags(file.path()), expected);
         QCOMPARE(result.newRow->summary.title, std::string("New"));
+        QVERIFY(audioIsUntouchedIn(file));
     }
 
     void AudioStaysAsItIs() {
@@ -78,6 +79,7 @@ private Q_SLOTS:
         const FileTags tags = readTags(file.path());
         QCOMPARE(tags.v1[Field::Title], std::string("New"));
         QCOMPARE(tags.v2[Field::Title], std::string("New"));
+        QVERIFY(audioIsUntouchedIn(file, Mp3File::audio()));
     }
 
     void PictureComesOutAsItWentIn() {

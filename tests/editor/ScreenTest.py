@@ -13,8 +13,7 @@ from pathlib import Path
 
 from mutagen.id3 import ID3, ID3NoHeaderError
 
-PATIENCE = 30  # seconds
-PAUSE = 0.5    # seconds that a user takes between two steps
+from screen import PATIENCE, PAUSE, Screen
 
 
 def id3v2_size(content):
@@ -49,45 +48,8 @@ def record(path, start, end):
     return last[start:end].rstrip(b"\0 ").decode("cp1252") if last[:3] == b"TAG" else None
 
 
-class Screen:
-    """An X server with the editor on it."""
-
-    def __init__(self, folder, files):
-        reading, writing = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1000x24", "-nolisten", "tcp"],
-                                       pass_fds=[writing], stderr=subprocess.DEVNULL)
-        os.close(writing)
-        with os.fdopen(reading) as number:
-            display = f":{number.readline().strip()}"
-        self.environment = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")} | {
-            "DISPLAY": display, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8", "HOME": str(folder),
-            "XDG_RUNTIME_DIR": str(folder)}
-        self.editor = subprocess.Popen([os.environ["CORVANE_EDITOR"], *files], env=self.environment)
-        self.focus("Corvane Editor")
-
-    def close(self):
-        for process in (self.editor, self.server):
-            process.terminate()
-            process.wait()
-
-    def xdotool(self, *words):
-        return subprocess.run(["xdotool", *words], env=self.environment, check=True, capture_output=True, text=True,
-                              timeout=PATIENCE).stdout
-
-    def focus(self, title):
-        """There is no window manager, so the window is given the keys by hand."""
-        window = self.xdotool("search", "--sync", "--onlyvisible", "--name", title).split()[-1]
-        self.xdotool("windowfocus", "--sync", window)
-        time.sleep(PAUSE)
-
-    def press(self, *keys):
-        for key in keys:
-            self.xdotool("key", "--clearmodifiers", key)
-            time.sleep(PAUSE)
-
-    def type(self, words):
-        self.xdotool("type", "--delay", "20", words)
-        time.sleep(PAUSE)
+def editor_on_screen(folder, *files):
+    return Screen(folder, [os.environ["CORVANE_EDITOR"], *files], "Corvane Editor")
 
 
 class Editor(unittest.TestCase):
@@ -111,11 +73,11 @@ class Editor(unittest.TestCase):
         cls.cover = cls.folder / "cover.jpg"
         subprocess.run(["ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "color=blue:s=64x64", "-frames:v", "1", cls.cover],
                        check=True)
-        cls.screen = Screen(cls.folder, [cls.tagged.parent])
+        cls.screen = editor_on_screen(cls.folder, cls.tagged.parent)
         cls.addClassCleanup(cls.screen.close)
 
     def setUp(self):
-        self.assertIsNone(self.screen.editor.poll(), "the editor has ended")
+        self.assertIsNone(self.screen.program.poll(), "the editor has ended")
 
     def tearDown(self):
         for path in self.files:
@@ -179,16 +141,16 @@ class Editor(unittest.TestCase):
 
     def test_6_it_ends_without_a_question_when_all_is_saved(self):
         self.screen.press("ctrl+q")
-        self.assertEqual(self.screen.editor.wait(PATIENCE), 0)
+        self.assertEqual(self.screen.program.wait(PATIENCE), 0)
 
 
 class Quit(unittest.TestCase):
     def test_editor_without_changes_ends_at_once(self):
         with tempfile.TemporaryDirectory() as folder:
-            screen = Screen(Path(folder), [])
+            screen = editor_on_screen(Path(folder))
             self.addCleanup(screen.close)
             screen.press("ctrl+q")
-            self.assertEqual(screen.editor.wait(PATIENCE), 0)
+            self.assertEqual(screen.program.wait(PATIENCE), 0)
 
 
 if __name__ == "__main__":

@@ -1,7 +1,8 @@
-// Pictures of the editor in the states that matter, for eyes to judge: editor-screenshots FOLDER MP3_FOLDER PREFIX.
+// Pictures of the editor in the states that matter, for eyes to judge: editor-screenshots FOLDER MP3_FOLDER KIND.
 #include "corvane/controls/Text.h"
 
 #include "apps/editor/MainWindow.h"
+#include "apps/editor/Translations.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include <QTableView>
 #include <QtTest>
 #include <cstdio>
+#include <optional>
 
 using namespace corvane::editor;
 
@@ -97,11 +99,14 @@ int main(int count, char** arguments) {
     QApplication application(count, arguments);
     const QStringList words = QApplication::arguments();
     if (words.size() != 4) {
-        std::fputs("usage: editor-screenshots FOLDER MP3_FOLDER light|dark\n", stderr);
+        std::fputs("usage: editor-screenshots FOLDER MP3_FOLDER light|dark|german\n", stderr);
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (words[3] == QStringLiteral("dark")) QApplication::setPalette(darkPalette());
+    // German texts are longer than English ones.
+    std::optional<Translations> texts;
+    if (words[3] == QStringLiteral("german")) texts.emplace(QLocale(QLocale::German));
     Camera camera(words[1], words[3] + QLatin1Char('-'));
     takeAll(camera, words[2]);
     return 0;

@@ -8,8 +8,14 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
+
+from mutagen.id3 import ID3
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "editor"))
+from screen import PAUSE, PATIENCE, Screen  # noqa: E402
 
 HOST, SAMPLE = (Path(word).resolve() for word in sys.argv[1:3])
 SOURCE = Path(__file__).resolve().parents[2] / "examples/host/Host.cpp"
@@ -35,6 +41,26 @@ class Host(unittest.TestCase):
         self.assertGreater(width, 300)
         self.assertGreater(height, 400)
         self.assertEqual((self.folder / "song.mp3").read_bytes(), before)
+
+    def test_save_button_saves_what_was_typed(self):
+        song = self.folder / "song.mp3"
+        before = song.read_bytes()
+        rest = before[ID3(song).size:-128]
+        screen = Screen(self.folder, [HOST, song], "song.mp3")
+        self.addCleanup(screen.close)
+        screen.press("alt+t", "ctrl+a")
+        screen.type("Typed into the host")
+        self.assertEqual(song.read_bytes(), before)
+        screen.press("ctrl+s")
+        until = time.monotonic() + PATIENCE
+        while str(ID3(song)["TIT2"]) != "Typed into the host" and time.monotonic() < until:
+            time.sleep(PAUSE)
+        self.assertEqual(str(ID3(song)["TIT2"]), "Typed into the host")
+        now = song.read_bytes()
+        self.assertEqual(now[ID3(song).size:-128], rest)
+        self.assertEqual(now[-128:-125], b"TAG")
+        screen.press("ctrl+w")
+        self.assertEqual(screen.program.wait(PATIENCE), 0)
 
     def test_a_file_that_is_not_there_is_told(self):
         done = self.run_host("nothing.mp3", "window.png")

@@ -4,6 +4,7 @@
 #include "corvane/controls/ID3v1.h"
 #include "corvane/controls/ID3v2.h"
 #include "corvane/controls/Lyrics.h"
+#include "corvane/controls/Translation.h"
 #include "corvane/controls/designer/ControlPlugin.h"
 
 #include <QCoreApplication>
@@ -98,6 +99,8 @@ ControlKind ControlKinds::lyrics() {
 } // namespace
 
 ControlCollection::ControlCollection(QObject* parent) : QObject(parent) {
+    auto* texts = new QTranslator(this);
+    if (loadTranslation(*texts, QLocale())) QCoreApplication::installTranslator(texts);
     for (const ControlKind& kind : ControlKinds::all()) widgets_.push_back(new ControlPlugin(kind, this));
 }
 
