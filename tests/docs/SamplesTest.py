@@ -138,6 +138,10 @@ class Shell(Samples):
 
 
 class Python(Samples):
+    # What a sample prints of the sample file begins so.
+    PRINTED = {"README.md": "A Chord to Look Around In 4 s\n./song.mp3 ", "docs/editing-safely.md": "",
+               "docs/getting-started.md": "A Chord to Look Around In\n4 s, 128 kbit/s\n"}
+
     @unittest.skipUnless("python" in PROGRAMS, "built without the Python module")
     def test_programs_run(self):
         found = samples.samples("python")
@@ -145,7 +149,17 @@ class Python(Samples):
         for sample in found:
             with self.subTest(sample.place):
                 self.fill()
-                self.assert_runs(["/usr/bin/python3", "-W", "error", "-c", sample.code])
+                printed = self.assert_runs(["/usr/bin/python3", "-W", "error", "-c", sample.code])
+                self.assertEqual(printed[:40], self.PRINTED.get(sample.page, printed)[:40])
+
+
+    @unittest.skipUnless("python" in PROGRAMS, "built without the Python module")
+    def test_what_a_sample_writes_is_in_the_file(self):
+        sample, = (sample for sample in samples.samples("python") if sample.page == "docs/editing-safely.md")
+        self.fill()
+        self.assert_runs(["/usr/bin/python3", "-c", sample.code])
+        listed = json.loads(self.assert_runs(["corvane", "scan", "--quiet", "song.mp3"]))
+        self.assertEqual((listed["title"], listed["comment"]), ("New title", "Made by its build"))
 
 
 class Others(Samples):

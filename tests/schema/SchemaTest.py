@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """The schema takes every document that the library makes, and no other.
 
-    SchemaTest.py SCHEMA MAKE_SEEDS MAKE_DOCUMENTS
+    SchemaTest.py SCHEMA MAKE_SEEDS MAKE_DOCUMENTS INSTALL_SCRIPT
 
 With CORVANE_CORPUS in the environment the documents of the files in that folder are tested too.
 """
@@ -14,7 +14,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-SCHEMA, MAKE_SEEDS, MAKE_DOCUMENTS = sys.argv[1:4]
+SCHEMA, MAKE_SEEDS, MAKE_DOCUMENTS, INSTALL_SCRIPT = sys.argv[1:5]
 
 # Seeds that are whole files or tags, so that MP3 files may begin with them.
 FILES = ["Id3v2Fuzz", "WholeFileFuzz"]
@@ -63,6 +63,12 @@ class EveryDocument(Scratch):
         documents = self.folder / "corpus-documents"
         run(MAKE_DOCUMENTS, os.environ["CORVANE_CORPUS"], documents)
         self.assertGreater(self.assert_taken(documents)["FileHandler"], 10)
+
+
+class Installed(unittest.TestCase):
+    def test_it_is_where_the_page_says(self):
+        script = Path(INSTALL_SCRIPT).read_text("utf-8")
+        self.assertRegex(script, r'DESTINATION "[^"]*/share/corvane" TYPE FILE FILES "[^"]*/docs/schema/corvane\.rng"')
 
 
 # What a change makes wrong: a name, the text that is replaced, and by what.
