@@ -63,14 +63,23 @@ Bytes FileReader::view(std::uint64_t offset, std::size_t count) {
     if (count > kBlockSize) {
         large_.resize(std::max(large_.size(), count));
         target = std::span(large_).first(count);
-    } else if (size() >= kBlockSize) {
-        // The block that reaches the end is the file's last one, so that everything that stands there comes at once.
-        start = std::min(offset, size() - kBlockSize);
+    } else {
+        const Range range = rangeToRead(offset, count);
+        start = range.offset;
+        target = target.first(range.count);
     }
     target = target.first(clipped(start, target.size()));
     moving_ = {};
     moving_ = {start, target.first(readInto(start, target))};
     return moving_.partFrom(offset, count);
+}
+
+FileReader::Range FileReader::rangeToRead(std::uint64_t offset, std::size_t count) const {
+    if (size() - offset <= kTailSize && size() >= kTailSize) return {size() - kTailSize, kTailSize};
+    // The block that reaches the end is the file's last one, so that everything that stands there comes at once.
+    if (size() - offset <= kBlockSize && size() >= kBlockSize) return {size() - kBlockSize, kBlockSize};
+    const bool goesOn = head_.touches(offset) || moving_.touches(offset);
+    return {offset, goesOn ? kBlockSize : std::max(count, kJumpSize)};
 }
 
 ByteArray FileReader::read(std::uint64_t offset, std::size_t count) {

@@ -19,6 +19,10 @@ namespace corvane {
 class FileReader {
 public:
     static constexpr std::size_t kBlockSize = 4096; // bytes
+    // Each page of memory that a read touches costs, so it takes no more than is likely to be used: the records that
+    // end a file, and what somebody who jumps somewhere looks at first.
+    static constexpr std::size_t kTailSize = 256;  // bytes
+    static constexpr std::size_t kJumpSize = 1024; // bytes
 
     // Opens the file. Fails with errno's number and text when it cannot be opened; a directory, a device, a pipe or a
     // socket is refused at once (nothing is read from it, and the call does not wait for a peer).
@@ -58,6 +62,7 @@ private:
         Bytes part(std::uint64_t from, std::size_t count) const {
             return bytes.subspan(static_cast<std::size_t>(from - offset), count);
         }
+        bool touches(std::uint64_t from) const { return from >= offset && from - offset <= bytes.size(); }
         // What there is of the same part: the file may have been cut while it is being read.
         Bytes partFrom(std::uint64_t from, std::size_t count) const {
             const auto skipped = static_cast<std::size_t>(std::min<std::uint64_t>(from - offset, bytes.size()));
@@ -65,6 +70,12 @@ private:
         }
     };
 
+    struct Range {
+        std::uint64_t offset;
+        std::size_t count;
+    };
+
+    Range rangeToRead(std::uint64_t offset, std::size_t count) const;
     std::size_t clipped(std::uint64_t offset, std::size_t count) const;
     std::size_t readInto(std::uint64_t offset, std::span<std::uint8_t> target) const;
 

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -33,6 +34,35 @@ TEST(FileReader, EveryViewEqualsTheFile) {
             EXPECT_EQ(reader.read(offset, count), ByteArray(view.begin(), view.end()));
         }
     }
+}
+
+struct StepCase {
+    const char* name;
+    std::vector<std::uint64_t> viewed; // ten bytes at each of these offsets, in this order
+    std::size_t atHand;                // bytes from the last of them on
+};
+class FileReaderStep : public testing::TestWithParam<StepCase> {};
+TEST_P(FileReaderStep, ReadsWhatIsLikelyToBeUsed) {
+    const ScratchFolder folder;
+    FileReader reader(folder.write("f", test::countedBytes(50'000)));
+    for (const std::uint64_t offset : GetParam().viewed) reader.view(offset, 10);
+    EXPECT_EQ(reader.atHand(GetParam().viewed.back()), GetParam().atHand);
+}
+INSTANTIATE_TEST_SUITE_P(Steps, FileReaderStep,
+                         testing::Values(StepCase{"First", {0}, 4096}, StepCase{"Jump", {20'000}, 1024},
+                                         StepCase{"BehindTheFirstBlock", {0, 4096}, 4096},
+                                         StepCase{"BehindAJump", {20'000, 21'024}, 4096},
+                                         StepCase{"OverTheEndOfABlock", {20'000, 21'020}, 4096},
+                                         StepCase{"JumpNearTheEnd", {47'000}, 3'000},
+                                         StepCase{"LastRecord", {49'872}, 128}),
+                         [](const auto& tested) { return tested.param.name; });
+
+TEST(FileReader, TheRecordsThatEndAFileComeAtOnceAndAlone) {
+    const ScratchFolder folder;
+    FileReader reader(folder.write("f", test::countedBytes(50'000)));
+    reader.view(49'872, 128);
+    EXPECT_EQ(reader.atHand(49'744), 256U);
+    EXPECT_EQ(reader.atHand(49'743), 0U);
 }
 
 TEST(FileReader, NothingIsReadPastTheEnd) {
