@@ -86,7 +86,6 @@ void copyValues(const ID3V230& from, ID3V230& to) {
 FileHandler::FileHandler()
     : id3v1Tag_(std::make_shared<ID3V1Tag>()),
       mpegHeader_(std::make_shared<corvane::MPEGHeader>()),
-      lyricsTag_(std::make_shared<corvane::LyricsTag>()),
       id3v2Tag_(std::make_shared<corvane::ID3V2Tag>()) {}
 
 FileHandler::~FileHandler() = default;
@@ -209,9 +208,15 @@ void FileHandler::followOwnChange(const FileChange& change) const {
     Internals<corvane::ID3V2Tag>::follow(*id3v2Tag_, change);
 }
 
+std::shared_ptr<LyricsTag> FileHandler::LyricsTag() const {
+    // Made when it is first asked for: most files have none, and a scan opens many.
+    if (lyricsTag_ == nullptr) lyricsTag_ = std::make_shared<corvane::LyricsTag>();
+    return lyricsTag_;
+}
+
 bool FileHandler::HasLyricsTag() {
     loadLyricsTag();
-    return lyricsTag_->Version() != ELyricsVersionConstants::lvcUnknown;
+    return LyricsTag()->Version() != ELyricsVersionConstants::lvcUnknown;
 }
 
 // Once for each file name, also when it fails.
@@ -219,7 +224,7 @@ void FileHandler::loadLyricsTag() {
     if (lyricsFileName_ == fileName_) return;
     lyricsFileName_ = fileName_;
     recordFailures(*error_, false, [&] {
-        Internals<corvane::LyricsTag>::Load(*lyricsTag_, fileName_, HasID3V1Tag());
+        Internals<corvane::LyricsTag>::Load(*LyricsTag(), fileName_, HasID3V1Tag());
         return true;
     });
 }

@@ -60,7 +60,7 @@ public:
     // The ID3v2 tag at the start of the file, an empty one without it. Its frames are read when they are asked for.
     std::shared_ptr<corvane::ID3V2Tag> ID3V2Tag() const { return id3v2Tag_; }
     // The Lyrics3 tag as it stands: HasLyricsTag and xml load it.
-    std::shared_ptr<corvane::LyricsTag> LyricsTag() const { return lyricsTag_; }
+    std::shared_ptr<corvane::LyricsTag> LyricsTag() const;
     // The technical data of the first audio frame; those of an all-zero frame when none was found.
     std::shared_ptr<corvane::MPEGHeader> MPEGHeader() const { return mpegHeader_; }
 
@@ -115,7 +115,7 @@ private:
     std::string lyricsFileName_; // the file name for which the Lyrics3 tag was last loaded
     std::shared_ptr<ID3V1Tag> id3v1Tag_;
     std::shared_ptr<corvane::MPEGHeader> mpegHeader_;
-    std::shared_ptr<corvane::LyricsTag> lyricsTag_;
+    mutable std::shared_ptr<corvane::LyricsTag> lyricsTag_;
     std::shared_ptr<corvane::ID3V2Tag> id3v2Tag_;
     std::int16_t fileType_ = 0;
     bool hasId3v2Tag_ = false;

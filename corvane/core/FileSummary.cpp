@@ -63,16 +63,13 @@ void takeId3v2Texts(FileSummary& summary, const ID3V2Tag& tag) {
 }
 
 void takeId3v1Texts(FileSummary& summary, const ID3V1Tag& tag) {
-    const auto take = [](std::string& text, std::string value) {
-        if (text.empty()) text = std::move(value);
-    };
-    take(summary.title, tag.Title());
-    take(summary.artist, tag.Artist());
-    take(summary.album, tag.Album());
-    take(summary.year, tag.Year());
-    take(summary.comment, tag.Comment());
-    if (tag.Track() > 0) take(summary.track, std::to_string(tag.Track()));
-    if (tag.Genre() != kUndefinedGenre) take(summary.genre, std::string(genreName(tag.Genre())));
+    if (summary.title.empty()) summary.title = tag.Title();
+    if (summary.artist.empty()) summary.artist = tag.Artist();
+    if (summary.album.empty()) summary.album = tag.Album();
+    if (summary.year.empty()) summary.year = tag.Year();
+    if (summary.comment.empty()) summary.comment = tag.Comment();
+    if (summary.track.empty() && tag.Track() > 0) summary.track = std::to_string(tag.Track());
+    if (summary.genre.empty() && tag.Genre() != kUndefinedGenre) summary.genre = genreName(tag.Genre());
 }
 
 } // namespace
@@ -85,6 +82,7 @@ FileSummary summarize(const std::string& path) {
         throw RuntimeFailure(error.Number, error.Source, error.Description);
     }
     FileSummary summary;
+    summary.tags.reserve(3);
     takeAudioFacts(summary, *handler.MPEGHeader());
     if (handler.HasID3V2Tag()) {
         summary.tags.push_back(versionName(*handler.ID3V2Tag()->Version()));

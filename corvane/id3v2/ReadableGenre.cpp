@@ -50,6 +50,7 @@ std::string readableGenre(std::string_view contentType) {
 }
 
 std::string readableGenre(const std::vector<std::string>& contentTypes) {
+    if (contentTypes.size() == 1) return readableGenre(contentTypes.front());
     std::vector<std::string> names;
     std::set<std::string> seen; // a crafted frame may hold a hundred thousand names
     for (const std::string& contentType : contentTypes) {
