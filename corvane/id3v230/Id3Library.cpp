@@ -62,10 +62,12 @@ bool Id3Library::Functions::resolveAll(void* library) {
            resolve(library, "ID3Field_SetEncoding", setEncoding) && resolve(library, "ID3Field_SetBINARY", setBinary);
 }
 
-// The library is never closed again: objects of other threads may be in it.
+// The library is never closed again: objects of other threads may be in it. Whoever only reads a tag asks whether the
+// library is there and calls nothing in it, which makes binding all its references at once most of the cost; the loader
+// checks at once in any case that the libraries it needs are there in the versions it needs.
 const Id3Library* Id3Library::loaded() {
     static const std::optional<Functions> functions = []() -> std::optional<Functions> {
-        void* const library = ::dlopen(kId3LibraryFile, RTLD_NOW | RTLD_LOCAL);
+        void* const library = ::dlopen(kId3LibraryFile, RTLD_LAZY | RTLD_LOCAL);
         Functions found;
         return library != nullptr && found.resolveAll(library) ? std::optional(found) : std::nullopt;
     }();
