@@ -3,13 +3,14 @@
 import json
 import os
 import resource
+import shutil
 import stat
 import struct
 import sys
 import unittest
 
 import mp3
-from harness import FILE_FAILED, CliTest
+from harness import COMMAND, FILE_FAILED, CliTest
 
 AUDIO = mp3.audio()
 TITLE = mp3.frame23("TIT2", mp3.latin1("T"))
@@ -27,6 +28,13 @@ class SafetyCase(CliTest):
     def content(self, path):
         with open(path, "rb") as file:
             return file.read()
+
+    def as_nobody(self):
+        """How to run a command without the rights of the superuser, whom no permission stops."""
+        if os.geteuid() != 0:
+            return {}
+        command = shutil.copy(COMMAND, self.folder)
+        return {"executable": command, "user": "nobody", "group": "nogroup", "extra_groups": []}
 
     def check_refused(self, content, reason, *words, **options):
         """The command fails with this reason, and the file is the same file with the same bytes and times."""
@@ -61,6 +69,20 @@ class Refused(SafetyCase):
         song = self.write("a.mp3", tag + AUDIO + RECORD)
         self.output("set", song, "--title", "x", "--tag", "v1")
         self.assertEqual(self.content(song), tag + AUDIO + mp3.id3v1(b"x", track=1))
+
+    def test_a_folder_that_may_not_be_written_to_leaves_only_changes_in_place(self):
+        content = mp3.id3v2([TITLE]) + AUDIO + RECORD
+        song = self.write("locked/refused.mp3", content)
+        os.chmod(self.folder, 0o755)
+        os.chmod(song, 0o666)
+        os.chmod(os.path.dirname(song), 0o555)
+        self.addCleanup(os.chmod, os.path.dirname(song), 0o755)
+        told = self.error("set", song, "--title", "x" * 5000, "--tag", "v2", **self.as_nobody())
+        self.assertEqual(told, f"corvane: {song}: Permission denied")
+        self.assertEqual(self.content(song), content)
+        self.output("set", song, "--title", "x", "--tag", "v1", **self.as_nobody())
+        self.assertEqual(self.content(song), mp3.id3v2([TITLE]) + AUDIO + mp3.id3v1(b"x", track=1))
+        self.assertEqual(os.listdir(os.path.dirname(song)), ["refused.mp3"])
 
     def test_other_files_go_on(self):
         bad = self.write("a.mp3", mp3.id3v2([], major=4) + AUDIO)
