@@ -16,7 +16,8 @@ void commonTexts(Class<T>& tag) {
     fileText(tag, "Artist", &T::Artist, &T::Artist, "TPE1.");
     fileText(tag, "Album", &T::Album, &T::Album, "TALB.");
     fileText(tag, "Title", &T::Title, &T::Title, "TIT2.");
-    fileText(tag, "Genre", &T::Genre, &T::Genre, "The text of TCON behind a part \"(...)\", else all of it.");
+    fileText(tag, "Genre", &T::Genre, &T::Genre,
+             "TCON; of a tag that cannot be changed the text behind a part \"(...)\", if there is one.");
     fileText(tag, "Track", &T::Track, &T::Track, "TRCK, such as \"3/12\".");
     fileText(tag, "Year", &T::Year, &T::Year,
              "TYER. Writing raises Error: 13 when the text is no number, 6 when it does not fit 16 bits.");
