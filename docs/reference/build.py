@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """Builds the API reference of the published headers with Doxygen; a member without a comment is an error.
 
-    build.py FOLDER [--list]
+    build.py FOLDER [--list | --everything]
 
-The pages go into FOLDER/html. With --list the headers are named and nothing is built.
+The pages go into FOLDER/html. With --list the headers are named and nothing is built. With --everything all members are
+written into FOLDER/xml, those too of which nothing is said: Doxygen does not miss a word about each kind of them.
 """
 import re
 import subprocess
@@ -28,11 +29,21 @@ def published_headers():
     return sorted(headers - LEFT_OUT)
 
 
-def build(folder):
+EVERYTHING = """
+EXTRACT_ALL = YES
+WARNINGS = NO
+WARN_AS_ERROR = NO
+GENERATE_HTML = NO
+GENERATE_XML = YES
+XML_PROGRAMLISTING = NO
+"""
+
+
+def build(folder, more=""):
     folder.mkdir(parents=True, exist_ok=True)
     version = re.search(r"project\(Corvane VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
     settings = (ROOT / "docs/reference/Doxyfile").read_text(encoding="utf-8")
-    settings += f'\nPROJECT_NUMBER = {version}\nOUTPUT_DIRECTORY = "{folder}"\nINPUT = {" ".join(published_headers())}\n'
+    settings += f'\nPROJECT_NUMBER = {version}\nOUTPUT_DIRECTORY = "{folder}"\nINPUT = {" ".join(published_headers())}\n{more}'
     done = subprocess.run(["doxygen", "-"], input=settings, text=True, cwd=ROOT, check=False)
     return done.returncode
 
@@ -41,7 +52,7 @@ def main():
     if "--list" in sys.argv:
         print("\n".join(published_headers()))
         return 0
-    return build(Path(sys.argv[1]).resolve())
+    return build(Path(sys.argv[1]).resolve(), EVERYTHING if "--everything" in sys.argv else "")
 
 
 if __name__ == "__main__":

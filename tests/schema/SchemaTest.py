@@ -13,6 +13,7 @@ import sys
 import tempfile
 import unittest
 from pathlib import Path
+from xml.etree import ElementTree
 
 SCHEMA, MAKE_SEEDS, MAKE_DOCUMENTS, INSTALL_SCRIPT = sys.argv[1:5]
 
@@ -20,6 +21,8 @@ SCHEMA, MAKE_SEEDS, MAKE_DOCUMENTS, INSTALL_SCRIPT = sys.argv[1:5]
 FILES = ["Id3v2Fuzz", "WholeFileFuzz"]
 VARIANTS = 12
 CLASSES = ["FileHandler", "ID3V1Tag", "ID3V2Tag", "LyricsTag", "LyricsTag-imported", "MPEGHeader"]
+
+RELAX_NG = "{http://relaxng.org/ns/structure/1.0}"
 
 VALID, INVALID = 0, 3  # exit codes of xmllint
 
@@ -43,6 +46,27 @@ class Scratch(unittest.TestCase):
         cls.seeds = cls.folder / "seeds" / "WholeFileFuzz"
 
 
+def named_in_schema():
+    """(property, ID, value) of each value of the MPEG header that has a name, and each frequency."""
+    named = set()
+    for element in ElementTree.parse(SCHEMA).find(f"{RELAX_NG}define[@name='mpeg-header']").iter(f"{RELAX_NG}element"):
+        name = element.find(f"{RELAX_NG}attribute[@name='Name']/{RELAX_NG}value")
+        if name is None:
+            continue
+        for group in element.iter(f"{RELAX_NG}group"):
+            number, value = (value.text or "" for value in group.iter(f"{RELAX_NG}value"))
+            named.add((name.text, number, value))
+        for choice in element.findall(f"{RELAX_NG}attribute[@name='Value']/{RELAX_NG}choice/{RELAX_NG}value"):
+            named.add((name.text, None, choice.text))
+    return named
+
+
+def named_in_documents(documents):
+    properties = [each for document in documents for each in document.iter("Property")]
+    return {(each.get("Name"), each.get("ID"), each.get("Value")) for each in properties
+            if each.get("ID") or each.get("Name") == "Frequency"}
+
+
 class EveryDocument(Scratch):
     def assert_taken(self, folder):
         documents = sorted(folder.glob("*.xml"))
@@ -57,6 +81,24 @@ class EveryDocument(Scratch):
             counts = self.assert_taken(documents)
             self.assertEqual(sorted(counts), CLASSES)
             self.assertGreater(min(counts.values()), 100, counts)
+
+    def test_of_every_kind_of_audio_is_taken_and_no_name_is_in_vain(self):
+        files = self.folder / "audio"
+        files.mkdir()
+        for number in range(27):
+            version, layer, rate = (0, 2, 3)[number // 9], number // 3 % 3 + 1, number % 3
+            # ISO/IEC 11172-3 section 2.4.1.3: sync, version, layer, no CRC, bit rate 9, frequency, mode, emphasis.
+            header = (0x7FF << 21 | version << 19 | layer << 17 | 1 << 16 | 9 << 12 | rate << 10 | number % 4 << 6
+                      | (0, 1, 3)[number // 4 % 3])
+            (files / f"{number}.mp3").write_bytes(header.to_bytes(4, "big") + bytes(500))
+        (files / "silence.mp3").write_bytes(bytes(500))
+        self.assertEqual(named_in_documents(self.documents_of(files)), named_in_schema())
+
+    def documents_of(self, files):
+        documents = self.folder / (files.name + "-documents")
+        run(MAKE_DOCUMENTS, files, documents)
+        self.assert_taken(documents)
+        return [ElementTree.parse(document) for document in documents.glob("*-MPEGHeader.xml")]
 
     @unittest.skipUnless("CORVANE_CORPUS" in os.environ, "no corpus is named")
     def test_of_the_corpus_is_taken(self):
