@@ -11,9 +11,10 @@ from dataclasses import dataclass
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-# Samples of docs/python.md work on files of their own and are run by tests/python.
+# The Python page is run by tests/python in a folder of its own, what is said of packages by the test that makes them.
+ELSEWHERE = ("python.md", "packaging.md")
 PAGES = [ROOT / "README.md", ROOT / "CONTRIBUTING.md", ROOT / "SECURITY.md",
-         *(page for page in sorted((ROOT / "docs").glob("*.md")) if page.name != "python.md")]
+         *(page for page in sorted((ROOT / "docs").glob("*.md")) if page.name not in ELSEWHERE)]
 
 FENCE = re.compile(r"^```(\S*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 INCLUDE = re.compile(r"^#include .*$", re.MULTILINE)
