@@ -16,6 +16,7 @@ import os
 import stat
 import sys
 import threading
+import warnings
 
 from distributed import Client, LocalCluster, progress
 
@@ -142,8 +143,11 @@ def connect(stack, scheduler, workers):
     """A cluster that is there, or one of processes on this machine."""
     if scheduler:
         return stack.enter_context(Client(scheduler))
-    cluster = stack.enter_context(LocalCluster(n_workers=workers, threads_per_worker=1, processes=True,
-                                               dashboard_address=":8787"))
+    with warnings.catch_warnings():
+        # Where the usual port of the dashboard is taken it gets another one, which is told anyway.
+        warnings.simplefilter("ignore", UserWarning)
+        cluster = stack.enter_context(LocalCluster(n_workers=workers, threads_per_worker=1, processes=True,
+                                                   dashboard_address=":8787"))
     return stack.enter_context(Client(cluster))
 
 
