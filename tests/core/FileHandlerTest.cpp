@@ -7,12 +7,8 @@
 #include "corvane/platform/Drive.h"
 #include "corvane/platform/File.h"
 
-#include "tests/support/ByteBuilder.h"
-#include "tests/support/Id3v2Builder.h"
-#include "tests/support/ImageBuilder.h"
-#include "tests/support/ScratchFolder.h"
+#include "tests/core/FileHandlerFiles.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -21,40 +17,10 @@
 namespace corvane {
 namespace {
 
-using test::ByteBuilder;
-using test::bytesOf;
-using test::contentOf;
-using test::ScratchFolder;
+using namespace test;
 using enum EID3TagConstants;
 
-// 1,000 bytes that begin with an MPEG-1 Layer III header of 128 kbit/s and 44100 Hz.
-ByteArray audio() { return ByteBuilder().bigEndian(0xFFFB9064, 4).repeat(0x55, 996).done(); }
-
-ByteArray record(unsigned byte125, unsigned byte126, unsigned genre = 17) {
-    return ByteBuilder()
-        .text("TAG")
-        .text("A title")
-        .padTo(33)
-        .text("Abc")
-        .byte(0)
-        .text("junk")
-        .padTo(63)
-        .repeat(' ', 30)
-        .text("2001")
-        .text("A comment of twenty-eight ch")
-        .byte(byte125)
-        .byte(byte126)
-        .byte(genre)
-        .done();
-}
-
-ByteArray with(Bytes first, Bytes second) { return test::joined({first, second}); }
-
-class FileHandlerTest : public testing::Test {
-protected:
-    std::string write(Bytes bytes) const { return folder_.write("a.mp3", bytes); }
-    const ScratchFolder folder_;
-};
+class FileHandlerTest : public FileHandlerFiles {};
 
 TEST_F(FileHandlerTest, AnEmptyHandlerKnowsNothing) {
     FileHandler handler;
@@ -211,157 +177,6 @@ TEST_F(FileHandlerTest, HasTagLooksAtTheFileAsItIsNow) {
     EXPECT_EQ(handler.LastError()->Stream(), before);
 }
 
-void fillTag(ID3V1Tag& tag) {
-    tag.Title("A title that is longer than thirty characters");
-    tag.Artist("Жzé");
-    tag.Year("1999");
-    tag.Comment("A comment that is longer than thirty characters");
-    tag.Track(9);
-    tag.Genre(3);
-}
-
-TEST_F(FileHandlerTest, ARecordIsAppendedWhereThereIsNone) {
-    FileHandler handler;
-    const auto path = write(audio());
-    ASSERT_TRUE(handler.Create(path));
-    fillTag(*handler.ID3v1xTag());
-    handler.ID3v1xTag()->TagType(ID3V11);
-    ASSERT_TRUE(handler.writeID3v1xTag());
-    EXPECT_EQ(contentOf(path), with(audio(), ByteBuilder()
-                                                 .text("TAG")
-                                                 .text("A title that is longer than th")
-                                                 .text("?z\xE9")
-                                                 .padTo(93)
-                                                 .text("1999")
-                                                 .text("A comment that is longer tha")
-                                                 .byte(0)
-                                                 .byte(9)
-                                                 .byte(3)
-                                                 .done()));
-}
-
-TEST_F(FileHandlerTest, ARecordReplacesTheOneThatIsThere) {
-    FileHandler handler;
-    const auto path = write(with(audio(), record(0, 7)));
-    ASSERT_TRUE(handler.Create(path));
-    fillTag(*handler.ID3v1xTag());
-    handler.ID3v1xTag()->TagType(ID3v1);
-    ASSERT_TRUE(handler.writeID3v1xTag());
-    const ByteArray content = contentOf(path);
-    ASSERT_EQ(content.size(), 1128U);
-    EXPECT_EQ(ByteArray(content.begin(), content.begin() + 1000), audio());
-    FileHandler again;
-    ASSERT_TRUE(again.Create(path));
-    EXPECT_EQ(again.ID3v1xTag()->Comment(), "A comment that is longer than");
-    EXPECT_EQ(again.ID3v1xTag()->TagType(), ID3v1);
-}
-
-TEST_F(FileHandlerTest, AfterAFileThatIsNothingButARecordAnotherIsAppended) {
-    FileHandler handler;
-    const auto path = write(record(0, 7));
-    ASSERT_TRUE(handler.Create(path));
-    ASSERT_TRUE(handler.writeID3v1xTag());
-    EXPECT_EQ(contentOf(path).size(), 256U);
-}
-
-TEST_F(FileHandlerTest, AnUnknownTagTypeIsNotWritten) {
-    FileHandler handler;
-    const auto path = write(audio());
-    ASSERT_TRUE(handler.Create(path));
-    EXPECT_FALSE(handler.writeID3v1xTag());
-    EXPECT_EQ(handler.LastError()->Stream(), "0, Write Tag, Tag unknown.");
-    EXPECT_EQ(contentOf(path), audio());
-}
-
-TEST_F(FileHandlerTest, AMissingFileIsNotWritten) {
-    FileHandler handler;
-    ASSERT_TRUE(handler.Create(write(audio())));
-    std::filesystem::remove(folder_.path("a.mp3"));
-    handler.ID3v1xTag()->TagType(ID3v1);
-    EXPECT_FALSE(handler.writeID3v1xTag());
-    EXPECT_EQ(handler.LastError()->Stream(), "0, Write Tag, File does not exist.");
-    EXPECT_TRUE(folder_.names().empty());
-}
-
-TEST_F(FileHandlerTest, ATrackThatNoByteHoldsFailsTheWriteAndLeavesTheFile) {
-    const auto path = write(with(audio(), record(0, 7)));
-    for (const std::int16_t track : {std::int16_t{-1}, std::int16_t{256}}) {
-        FileHandler handler;
-        ASSERT_TRUE(handler.Create(path));
-        handler.ID3v1xTag()->Track(track);
-        EXPECT_FALSE(handler.writeID3v1xTag());
-        EXPECT_TRUE(handler.LastError()->Stream().starts_with("6, ")) << handler.LastError()->Stream();
-        EXPECT_EQ(contentOf(path), with(audio(), record(0, 7)));
-    }
-}
-
-TEST_F(FileHandlerTest, AHostsOwnTagObjectIsWritten) {
-    FileHandler handler;
-    const auto path = write(audio());
-    ASSERT_TRUE(handler.Create(path));
-    const auto own = std::make_shared<ID3V1Tag>();
-    own->Title("Own");
-    own->TagType(ID3v1);
-    handler.ID3v1xTag(own);
-    EXPECT_EQ(handler.ID3v1xTag(), own);
-    ASSERT_TRUE(handler.writeID3v1xTag());
-    handler.ID3v1xTag(nullptr);
-    EXPECT_FALSE(handler.HasID3V1Tag());
-    EXPECT_FALSE(handler.writeID3v1xTag());
-    EXPECT_TRUE(handler.LastError()->Stream().starts_with("91, ")) << handler.LastError()->Stream();
-    EXPECT_TRUE(handler.removeID3V1xTag());
-    EXPECT_EQ(contentOf(path), audio());
-}
-
-TEST_F(FileHandlerTest, RemovingCutsTheRecordOffAndLeavesTheObjects) {
-    FileHandler handler;
-    const auto path = write(with(audio(), record(0, 7)));
-    ASSERT_TRUE(handler.Create(path));
-    ASSERT_TRUE(handler.removeID3V1xTag());
-    EXPECT_EQ(contentOf(path), audio());
-    EXPECT_EQ(folder_.names(), std::vector<std::string>{"a.mp3"});
-    EXPECT_TRUE(handler.HasID3V1Tag());
-    EXPECT_EQ(handler.ID3v1xTag()->Title(), "A title");
-    EXPECT_FALSE(handler.HasTag());
-}
-
-TEST_F(FileHandlerTest, PicturesCanStillBeReadAfterChangesOfItsOwn) {
-    const ByteArray picture = test::pngImage(100, 100);
-    const auto frame = test::joined({test::pictureFrame(picture), ByteArray(10'000, 7)});
-    FileHandler handler;
-    ASSERT_TRUE(handler.Create(
-        write(test::joined({test::Id3v2Builder(3).text("TIT2", "t").frame("APIC", frame).done(), audio()}))));
-    ASSERT_EQ(handler.ID3V2Tag()->Title(), "t");
-    handler.ID3v1xTag()->TagType(ID3v1);
-    for (const auto change :
-         {&FileHandler::writeID3v1xTag, &FileHandler::writeID3v1xTag, &FileHandler::removeID3V1xTag}) {
-        ASSERT_TRUE((handler.*change)());
-        ASSERT_TRUE(handler.ID3V2Tag()->Picture());
-        EXPECT_NO_THROW(handler.ID3V2Tag()->xml());
-    }
-}
-
-TEST_F(FileHandlerTest, PicturesOfAFileThatSomebodyElseHasChangedStayRefusedAfterChangesOfItsOwn) {
-    const auto frame = test::joined({test::pictureFrame(test::pngImage(100, 100)), ByteArray(10'000, 7)});
-    const ByteArray tag = test::Id3v2Builder(3).text("TIT2", "t").frame("APIC", frame).done();
-    FileHandler handler;
-    ASSERT_TRUE(handler.Create(write(with(tag, audio()))));
-    ASSERT_EQ(handler.ID3V2Tag()->Title(), "t");
-    write(test::joined({tag, audio(), audio()}));
-    handler.ID3v1xTag()->TagType(ID3v1);
-    ASSERT_TRUE(handler.writeID3v1xTag());
-    EXPECT_FALSE(handler.ID3V2Tag()->Picture());
-}
-
-TEST_F(FileHandlerTest, RemovingWhatIsNotThereIsRecorded) {
-    FileHandler handler;
-    const auto path = write(audio());
-    ASSERT_TRUE(handler.Create(path));
-    EXPECT_FALSE(handler.removeID3V1xTag());
-    EXPECT_EQ(handler.LastError()->Stream(), "0, RemoveTag, The file has no ID3v1x tag.");
-    EXPECT_EQ(contentOf(path), audio());
-}
-
 ByteArray id3v2Tag(Bytes body) {
     return ByteBuilder()
         .text("ID3")
@@ -441,7 +256,7 @@ ByteArray lyricsTag() { return bytesOf("LYRICSBEGINETT00005TitleLYR00003xyz00003
 
 TEST_F(FileHandlerTest, TheLyricsTagIsLoadedWhenItIsFirstAskedFor) {
     FileHandler handler;
-    ASSERT_TRUE(handler.Create(write(test::joined({audio(), lyricsTag(), record(0, 7)}))));
+    ASSERT_TRUE(handler.Create(write(joined({audio(), lyricsTag(), record(0, 7)}))));
     EXPECT_EQ(handler.LyricsTag()->Version(), ELyricsVersionConstants::lvcUnknown);
     EXPECT_TRUE(handler.HasLyricsTag());
     EXPECT_EQ(handler.LyricsTag()->Title(), "Title");
