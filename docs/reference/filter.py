@@ -28,7 +28,11 @@ ENTITIES = {"<": "&lt;", ">": "&gt;", "&": "&amp;"}
 
 
 def escaped(text):
-    return SPECIAL.sub(lambda found: ENTITIES.get(found.group(), "\\" + found.group()), text)
+    """What Doxygen would take for commands and markup made plain text; between quotation marks it takes nothing so."""
+    def plain(part):
+        return SPECIAL.sub(lambda found: ENTITIES.get(found.group(), "\\" + found.group()), part)
+
+    return "".join(part if part.startswith('"') else plain(part) for part in re.split(r'("[^"]*")', text))
 
 
 def paragraphs(lines):

@@ -103,6 +103,9 @@ class Filter(unittest.TestCase):
         self.assertIn("/** A song. */ class Song {", result)
         self.assertIn("\nclass Other {", result)
 
+    def test_quoted_text_stands_as_it_is(self):
+        self.assertIn('/** &lt;a&gt; "<b>" &lt;c&gt;. */ int a();', self.filtered('// <a> "<b>" <c>.\nint a();\n'))
+
     def test_what_doxygen_would_take_for_a_command_is_text(self):
         self.assertIn("/** &lt;a&gt; \\@b \\\\c. */ int a();", self.filtered("// <a> @b \\c.\nint a();\n"))
 

@@ -168,6 +168,19 @@ class Others(Samples):
             with self.subTest(sample.place):
                 ElementTree.fromstring(f"<sample>{sample.code}</sample>")
 
+    def test_paths_and_tests_that_pages_name_are_there(self):
+        tests = " ".join(path.name + path.read_text("utf-8") for path in (ROOT / "tests").rglob("CMakeLists.txt"))
+        tests += " ".join(path.name for path in (ROOT / "tests").rglob("*Test.*"))
+        for page in samples.PAGES:
+            text = " ".join(page.read_text("utf-8").split())
+            for path in re.findall(r"`((?:apps|bench|corvane|docs|examples|fuzz|python|tests|tools)/[\w./-]*)`", text):
+                if not re.search(r"N(?i:ame)|FOLDER|ID3V2xTag", path):
+                    with self.subTest(page=page.name, path=path):
+                        self.assertTrue((ROOT / path).exists() or list(ROOT.glob(path + ".*")))
+            for name in re.findall(r"`ctest --preset \w+ -R ([\w-]+)`", text):
+                with self.subTest(page=page.name, test=name):
+                    self.assertIn(name, tests)
+
     def test_cmake_lines_are_those_that_the_package_test_uses(self):
         consumer = (ROOT / "tests/package/consumer/CMakeLists.txt").read_text("utf-8")
         used = {re.sub(r" \$\{EXPECTED_VERSION\} EXACT", "", line.strip()).replace("consumer", "player")
