@@ -2,6 +2,10 @@
 // test.
 #include "corvane/controls/ControlEnumerations.h"
 
+#include <QtDesigner/QDesignerComponents>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerPropertySheetExtension>
+#include <QtDesigner/QExtensionManager>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
 #include <QFormBuilder>
@@ -76,6 +80,8 @@ private Q_SLOTS:
     void aNewControlIsWellFormed();
     void everyHintBelongsToAProperty_data() { everyControlTellsWhatDesignerShows_data(); }
     void everyHintBelongsToAProperty();
+    void propertyEditorGroupsAndExplainsEveryPropertyThatCanBeSet_data() { everyControlTellsWhatDesignerShows_data(); }
+    void propertyEditorGroupsAndExplainsEveryPropertyThatCanBeSet();
 
 private:
     QDesignerCustomWidgetInterface* control();
@@ -177,6 +183,38 @@ void DesignerTest::everyHintBelongsToAProperty() {
         QVERIFY2(made->metaObject()->indexOfProperty(property) >= 0, property.constData());
         QVERIFY(!xml.readElementText().isEmpty());
     }
+}
+
+namespace {
+
+QStringList hintedProperties(const QString& domXml) {
+    QStringList names;
+    QXmlStreamReader xml(domXml);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement || xml.name() != u"tooltip") continue;
+        names << xml.attributes().value("name").toString();
+    }
+    return names;
+}
+
+} // namespace
+
+// As Designer's own property editor sees it: what stands in the group of the control.
+void DesignerTest::propertyEditorGroupsAndExplainsEveryPropertyThatCanBeSet() {
+    QObject owner;
+    QDesignerFormEditorInterface* designer = QDesignerComponents::createFormEditor(&owner);
+    const std::unique_ptr<QWidget> made(control()->createWidget(nullptr));
+    auto* sheet = qt_extension<QDesignerPropertySheetExtension*>(designer->extensionManager(), made.get());
+    QVERIFY(sheet != nullptr);
+    QFETCH(QString, name);
+    QStringList offered;
+    for (int at = 0; at < sheet->count(); ++at) {
+        if (sheet->propertyGroup(at) == name && sheet->isVisible(at)) offered << sheet->propertyName(at);
+    }
+    QStringList hinted = hintedProperties(control()->domXml());
+    offered.sort();
+    hinted.sort();
+    QCOMPARE(offered, hinted);
 }
 
 QTEST_MAIN(DesignerTest)

@@ -60,6 +60,7 @@ ControlKind ControlKinds::id3v1() {
                            {"Genre", tr("Genre number; 255 means none.")},
                            {"Track", tr("Track number from 1 to 255; 0 means none.")},
                            {"Comment", tr("Comment, 30 characters are stored, 28 with a track.")},
+                           {"Enabled", tr("Whether the control as a whole can be used.")},
                            {"Locked", tr("Whether the texts can only be read.")},
                            {"VisibilityMode", tr("One tag, or many at once: then only edited fields count.")}},
             .make = make<ID3v1>};

@@ -103,6 +103,10 @@
         <source>Whether the fields can be edited unless they are locked.</source>
         <translation>Ob die Felder bearbeitet werden können, sofern sie nicht gesperrt sind.</translation>
     </message>
+    <message>
+        <source>Whether the control as a whole can be used.</source>
+        <translation>Ob das Steuerelement als Ganzes benutzt werden kann.</translation>
+    </message>
 </context>
 <context>
     <name>Id3v1Form</name>
