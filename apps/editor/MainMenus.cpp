@@ -58,7 +58,7 @@ void MainWindow::makeFileMenu() {
     menu->addAction(
         action("openFiles", tr("&Open files…"), "open-files", QKeySequence::Open, [this] { chooseFiles(); }));
     menu->addAction(
-        action("openFolder", tr("Open f&older…"), "open-folder", keys("Ctrl+Shift+O"), [this] { chooseFolder(); }));
+        action("openFolder", tr("Open &folder…"), "open-folder", keys("Ctrl+Shift+O"), [this] { chooseFolder(); }));
     QMenu* recent = menu->addMenu(tr("Open &recent"));
     recent->setObjectName(QStringLiteral("recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { showRecent(*recent); });

@@ -144,7 +144,7 @@ QWidget* ManyPages::makePictureBox() {
     column->setContentsMargins({});
     picture_ = new controls::PicturePanel(whole);
     picture_->setTitle(tr("New picture for all"));
-    auto* removeAll = new QPushButton(tr("&Remove the pictures of all"), whole);
+    auto* removeAll = new QPushButton(tr("Remove the &pictures of all"), whole);
     removeAll->setObjectName(QStringLiteral("removePictures"));
     column->addWidget(picture_, 1);
     column->addWidget(removeAll);

@@ -3,7 +3,11 @@
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTabBar>
 #include <optional>
 
 using namespace corvane::editor;
@@ -15,6 +19,34 @@ QString openFilesText() {
     EditorWindow window;
     return window.action("openFiles").text().remove(QLatin1Char('&'));
 }
+
+// The letters that lead to a part of this widget, pages that are hidden included.
+QStringList mnemonicsIn(const QWidget& whole) {
+    QStringList found;
+    const auto note = [&found](const QString& text) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (!letter.isEmpty()) found << letter;
+    };
+    for (const auto* label : whole.findChildren<QLabel*>()) {
+        if (label->buddy()) note(label->text());
+    }
+    for (const auto* button : whole.findChildren<QAbstractButton*>()) note(button->text());
+    for (const auto* tabs : whole.findChildren<QTabBar*>()) {
+        for (int at = 0; at < tabs->count(); ++at) note(tabs->tabText(at));
+    }
+    return found;
+}
+
+QStringList mnemonicsIn(const QMenu& menu) {
+    QStringList found;
+    for (const QAction* entry : menu.actions()) {
+        const QString letter = QKeySequence::mnemonic(entry->text()).toString();
+        if (!letter.isEmpty()) found << letter;
+    }
+    return found;
+}
+
+bool areDistinct(QStringList letters) { return letters.size() > 1 && letters.removeDuplicates() == 0; }
 
 } // namespace
 
@@ -46,6 +78,27 @@ private Q_SLOTS:
         const Translations texts{QLocale(QLocale::German)};
         EditorWindow window;
         QCOMPARE(child<QCheckBox>(*window, "chkID3v2").text().remove('&'), QStringLiteral("ID3v2-Tag"));
+    }
+
+    void MnemonicsOfAMenuOrAPageAreDistinct_data() {
+        QTest::addColumn<QString>("locale");
+        QTest::newRow("German") << "de";
+        QTest::newRow("English") << "en";
+    }
+    void MnemonicsOfAMenuOrAPageAreDistinct() {
+        QFETCH(QString, locale);
+        const Translations texts{QLocale(locale)};
+        EditorWindow window;
+        for (const QAction* entry : window->menuBar()->actions()) {
+            const QStringList letters = mnemonicsIn(*entry->menu());
+            QVERIFY2(areDistinct(letters), qPrintable(entry->text() + letters.join(QString())));
+        }
+        const auto& one = *window->findChild<FilePages*>();
+        const auto& many = *window->findChild<ManyPages*>();
+        for (const QWidget* page : {one.widget(0), one.widget(1), one.widget(2), many.widget(0), many.widget(1)}) {
+            const QStringList letters = mnemonicsIn(*page);
+            QVERIFY2(areDistinct(letters), qPrintable(letters.join(QString())));
+        }
     }
 
     void TextsGoWithTheirObject() {

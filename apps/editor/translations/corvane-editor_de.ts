@@ -343,10 +343,6 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <translation>Dateien ö&amp;ffnen …</translation>
     </message>
     <message>
-        <source>Open f&amp;older…</source>
-        <translation>&amp;Ordner öffnen …</translation>
-    </message>
-    <message>
         <source>Open &amp;recent</source>
         <translation>&amp;Zuletzt geöffnet</translation>
     </message>
@@ -482,6 +478,10 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <source>There are changes that are not saved. Changed files: %1</source>
         <translation>Es gibt Änderungen, die nicht gespeichert sind. Geänderte Dateien: %1</translation>
     </message>
+    <message>
+        <source>Open &amp;folder…</source>
+        <translation>&amp;Ordner öffnen …</translation>
+    </message>
 </context>
 <context>
     <name>corvane::editor::ManyPages</name>
@@ -546,10 +546,6 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <translation>Neues Bild für alle</translation>
     </message>
     <message>
-        <source>&amp;Remove the pictures of all</source>
-        <translation>Bilder aller Dateien en&amp;tfernen</translation>
-    </message>
-    <message>
         <source>Files that are edited together: %1. A field is written only when you change it, into the tags that each file has.</source>
         <translation>Gemeinsam bearbeitete Dateien: %1. Ein Feld wird nur geschrieben, wenn Sie es ändern, und zwar in die Tags, die jede Datei hat.</translation>
     </message>
@@ -560,6 +556,10 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     <message>
         <source>will be emptied</source>
         <translation>wird geleert</translation>
+    </message>
+    <message>
+        <source>Remove the &amp;pictures of all</source>
+        <translation>Bilder aller Dateien ent&amp;fernen</translation>
     </message>
 </context>
 <context>
