@@ -43,7 +43,7 @@ def build(folder, more=""):
     folder.mkdir(parents=True, exist_ok=True)
     version = re.search(r"project\(Corvane VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
     settings = (ROOT / "docs/reference/Doxyfile").read_text(encoding="utf-8")
-    settings += f'\nPROJECT_NUMBER = {version}\nOUTPUT_DIRECTORY = "{folder}"\nINPUT = {" ".join(published_headers())}\n{more}'
+    settings += f'\nPROJECT_NUMBER = {version}\nOUTPUT_DIRECTORY = "{folder}"\nINPUT = docs/reference/Main.dox {" ".join(published_headers())}\n{more}'
     done = subprocess.run(["doxygen", "-"], input=settings, text=True, cwd=ROOT, check=False)
     return done.returncode
 
