@@ -23,7 +23,7 @@ class Install(unittest.TestCase):
         files = {str(path.relative_to(self.prefix)) for path in self.prefix.rglob("*") if path.is_file()}
         zsh = {name for name in files if name.endswith("/_corvane")}
         self.assertEqual(files - zsh, {"bin/corvane", "share/man/man1/corvane.1", "share/bash-completion/completions/corvane",
-                                       "share/fish/vendor_completions.d/corvane.fish"})
+                                       "share/fish/vendor_completions.d/corvane.fish", "share/corvane/corvane.rng"})
         self.assertEqual(len(zsh), 1)
 
     def test_installed_command_runs_on_its_own(self):
