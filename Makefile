@@ -2,7 +2,7 @@
 SHELL := /bin/bash
 .SHELLFLAGS := -euo pipefail -c
 .DEFAULT_GOAL := help
-.PHONY: help packages run test asan fuzz tsan coverage bench docs screenshots format tidy clean
+.PHONY: help packages run test asan fuzz tsan coverage bench docs screenshots package format tidy clean
 
 export CTEST_PARALLEL_LEVEL ?= $(shell nproc)
 
@@ -48,6 +48,9 @@ screenshots: packages ## take pictures of the controls and of the editor, into b
 	cmake --preset dev
 	cmake --build --preset dev --target controls-screenshots editor-screenshots corvane-cli tour
 	tools/screenshots build/dev build/screenshots
+
+package: packages ## make the Debian packages build/package/*.deb and try them
+	cmake --workflow --preset package
 
 format: packages ## format every C++ file
 	tools/format

@@ -28,7 +28,7 @@ PASSED_OVER = ("dashboard: ", "song.xml validates", "QStandardPaths: ", "This pl
 LANGUAGES = {"cpp", "cmake", "sh", "python", "xml"}
 
 # Lines that build, install or measure Corvane: other tests do that. Here they are only looked up.
-LOOKED_UP = ("make", "cmake", "ctest", "git", "tools/", "sudo", "apt", "dask-", "srun")
+LOOKED_UP = ("make", "cmake", "ctest", "git", "tools/", "sudo", "apt", "g++", "dask-", "srun")
 PRESETS = {preset["name"] for preset in json.loads((ROOT / "CMakePresets.json").read_text("utf-8"))["configurePresets"]}
 
 
