@@ -25,6 +25,8 @@ struct Internals<ID3V23Frame> {
     static std::shared_ptr<ID3V23Frame> make(std::shared_ptr<const ID3V230Frame> changeable) {
         return std::shared_ptr<ID3V23Frame>(new ID3V23Frame(std::move(changeable)));
     }
+    // The four letters that the frame object of a record tells.
+    static std::string idOf(const ID3V230Frame& record);
 };
 
 template <>

@@ -10,12 +10,6 @@ namespace corvane {
 
 namespace {
 
-std::string idOf(const ID3V230Frame& record) {
-    const FrameSource* source = Internals<ID3V230Frame>::source(record);
-    const bool hasName = record.eType() != static_cast<std::int16_t>(ID3_FrameID::ID3FID_NOFRAME);
-    return hasName || source == nullptr ? record.FrameAbbr() : std::string(source->frame().idText());
-}
-
 ByteArray payloadOf(const ID3V230Frame& record) {
     const FrameSource* source = Internals<ID3V230Frame>::source(record);
     return source == nullptr ? ByteArray{} : source->payload();
@@ -23,7 +17,15 @@ ByteArray payloadOf(const ID3V230Frame& record) {
 
 } // namespace
 
-std::string ID3V23Frame::ID() const { return changeable_ ? idOf(*changeable_) : record_->id.text(); }
+std::string Internals<ID3V23Frame>::idOf(const ID3V230Frame& record) {
+    const FrameSource* source = Internals<ID3V230Frame>::source(record);
+    const bool hasName = record.eType() != static_cast<std::int16_t>(ID3_FrameID::ID3FID_NOFRAME);
+    return hasName || source == nullptr ? record.FrameAbbr() : std::string(source->frame().idText());
+}
+
+std::string ID3V23Frame::ID() const {
+    return changeable_ ? Internals<ID3V23Frame>::idOf(*changeable_) : record_->id.text();
+}
 
 std::shared_ptr<Picture> ID3V23Frame::createPicture() const {
     if (changeable_) return valueOrEmpty([this] { return changeable_->Picture(); });

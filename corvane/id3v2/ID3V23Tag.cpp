@@ -50,7 +50,7 @@ std::string ID3V23Tag::FrameList() const { return changeable_ ? frameList() : fr
 
 std::string ID3V23Tag::frameList() const {
     std::string list;
-    for (const auto& record : *changeable_->Frames()) list += Internals<ID3V23Frame>::make(record)->ID() += ';';
+    for (const auto& record : *changeable_->Frames()) list += Internals<ID3V23Frame>::idOf(*record) += ';';
     return list;
 }
 
@@ -64,8 +64,7 @@ std::shared_ptr<ID3V23Frame> ID3V23Tag::GetFrameByID(std::string_view FrameID) c
 
 std::shared_ptr<ID3V23Frame> ID3V23Tag::frameNamed(std::string_view frameId) const {
     for (const auto& record : *changeable_->Frames()) {
-        auto frame = Internals<ID3V23Frame>::make(record);
-        if (frame->ID() == frameId) return frame;
+        if (Internals<ID3V23Frame>::idOf(*record) == frameId) return Internals<ID3V23Frame>::make(record);
     }
     return nullptr;
 }
