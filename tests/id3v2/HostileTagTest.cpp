@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <functional>
 
 namespace corvane {
@@ -16,7 +16,7 @@ namespace {
 using namespace test;
 
 constexpr std::size_t kSize = 1'000'000;
-constexpr auto kLimit = std::chrono::seconds(20); // sanitizers and a busy machine included; it takes one at most
+constexpr double kLimit = 20; // seconds of the processor, sanitizers included; it takes one at most
 
 ByteArray filledWith(unsigned version, const std::function<void(Id3v2Builder&, std::uint32_t)>& addFrame) {
     Id3v2Builder tag(version);
@@ -30,8 +30,15 @@ std::string idOf(std::uint32_t number, std::size_t length) {
     return id;
 }
 
+// Of this process alone, whatever else the machine has to do.
+double processorSeconds() {
+    timespec time{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
 void readInEveryWay(Bytes file) {
-    const auto begin = std::chrono::steady_clock::now();
+    const double begin = processorSeconds();
     TagOnDisk tag(file);
     tag.tag.Title();
     tag.tag.Picture();
@@ -41,7 +48,7 @@ void readInEveryWay(Bytes file) {
     }
     Internals<ID3V2Tag>::readable(tag.tag);
     tag.tag.xml();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, kLimit);
+    EXPECT_LT(processorSeconds() - begin, kLimit);
 }
 
 TEST(HostileTag, OfSmallestFramesWithDifferentIds) {
@@ -65,10 +72,10 @@ TEST(HostileTag, OfPayloadsThatStayInTheFile) {
 
 TEST(HostileTag, OfFramesThatInflateAThousandfold) {
     const ByteArray large(200'000'000);
-    const auto begin = std::chrono::steady_clock::now();
+    const double begin = processorSeconds();
     TagOnDisk file(Id3v2Builder(3).compressedFrame("GEOB", large).text("TIT2", "t"));
     EXPECT_EQ(file.tag.Title(), "t");
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, kLimit);
+    EXPECT_LT(processorSeconds() - begin, kLimit);
 }
 
 TEST(HostileTag, OfManyClaimsThatAreNotThere) {
