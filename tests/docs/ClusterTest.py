@@ -84,8 +84,9 @@ class Cluster(unittest.TestCase):
         failed = [f"{song['path']}: {song['error']}" for song in expected if "error" in song]
         self.assertEqual(len(failed), 2)  # the archive and the link
         self.assertEqual((done.returncode, done.stdout), (1, ""))
-        self.assertEqual(done.stderr.splitlines()[1:], failed)
-        self.assertRegex(done.stderr, r"^dashboard: http://\S+\n")
+        # A busy machine makes Dask talk as well.
+        self.assertEqual([line for line in done.stderr.splitlines() if line.startswith(str(self.tree))], failed)
+        self.assertRegex(done.stderr, r"(?m)^dashboard: http://\S+$")
 
     def test_a_cluster_that_is_there_already_finds_the_same(self):
         self.fill()

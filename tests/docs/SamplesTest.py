@@ -55,7 +55,8 @@ class Samples(unittest.TestCase):
 
     def assert_runs(self, words, **changes):
         done = self.run_in_folder(words, **changes)
-        said = [line for line in done.stderr.splitlines() if not line.startswith(PASSED_OVER)]
+        said = [line for line in done.stderr.splitlines()
+                if not line.startswith(PASSED_OVER) and " - distributed." not in line]  # Dask on a busy machine
         self.assertEqual((done.returncode, said), (0, []))
         return done.stdout
 
