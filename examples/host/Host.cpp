@@ -54,7 +54,9 @@ private:
         if (id3v1_.removeTag()) told(handler->removeID3V1xTag(), handler->LastError());
         const auto tag = id3v2_.ID3V2Tag();
         if (id3v2_.saveTag()) told(tag->saveTag(), tag->LastError());
-        if (id3v2_.removeTag()) told(tag->ID3V23Tag()->removeTag(), tag->ID3V23Tag()->LastError());
+        // Nothing for a file without a tag of this version.
+        const auto reader = id3v2_.removeTag() ? tag->ID3V23Tag() : nullptr;
+        if (reader) told(reader->removeTag(), reader->LastError());
     }
 
     static bool told(bool done, const std::shared_ptr<corvane::TagError>& error) {
