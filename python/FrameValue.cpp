@@ -26,10 +26,9 @@ py::object objectOf(const FrameVariant& value) { return std::visit(MakeObject(),
 
 FrameVariant frameValueOf(const py::object& object) {
     if (object.is_none()) return NoValue();
-    if (py::isinstance<py::str>(object)) return object.cast<Text>().utf8;
+    if (py::isinstance<py::str>(object)) return argumentOf<Text>(object).utf8;
     if (py::isinstance<Picture>(object)) return object.cast<std::shared_ptr<Picture>>();
-    if (PyIndex_Check(object.ptr()) == 0) throw py::type_error("a frame's value is None, an int, a str or a Picture");
-    const auto number = object.cast<Number<std::int32_t>>().value;
+    const auto number = argumentOf<Number<std::int32_t>>(object).value;
     if (fitsYear(number)) return static_cast<std::int16_t>(number);
     return number;
 }

@@ -37,6 +37,16 @@ struct Number {
     T value;
 };
 
+// An argument that a function takes as any object and then as a T; fails with TypeError for an object that is none.
+template <class T>
+T argumentOf(py::handle object) {
+    py::detail::make_caster<T> caster;
+    if (!caster.load(object, true)) {
+        throw py::type_error("unexpected " + std::string(py::str(py::type::handle_of(object))));
+    }
+    return py::detail::cast_op<T&>(caster);
+}
+
 // The element that the root of a document made by the library is to Python.
 py::object elementOf(const std::string& document);
 // The reverse way.

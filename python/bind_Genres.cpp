@@ -9,8 +9,8 @@ namespace {
 
 // A position (int) or a key (str).
 std::shared_ptr<Genre> item(const Genres& genres, const py::object& key) {
-    if (py::isinstance<py::str>(key)) return genres.Item(Variant(key.cast<Text>().utf8));
-    return genres.Item(Variant(key.cast<Number<std::int32_t>>().value));
+    if (py::isinstance<py::str>(key)) return genres.Item(Variant(argumentOf<Text>(key).utf8));
+    return genres.Item(Variant(argumentOf<Number<std::int32_t>>(key).value));
 }
 
 constexpr const char* kItemDoc =

@@ -48,7 +48,7 @@ py::object languageOf(const Frame& frame) {
 }
 
 void setLanguage(Frame& frame, const py::object& language) {
-    frame.vLanguage(language.is_none() ? Variant() : Variant(language.cast<Text>().utf8));
+    frame.vLanguage(language.is_none() ? Variant() : Variant(argumentOf<Text>(language).utf8));
 }
 
 py::object valueOf(const Frame& frame) {

@@ -154,15 +154,15 @@ bool isOnePath(const py::object& paths) {
 }
 
 std::vector<std::string> rootsOf(const py::object& paths) {
-    if (isOnePath(paths)) return {paths.cast<FileName>().bytes};
+    if (isOnePath(paths)) return {argumentOf<FileName>(paths).bytes};
     std::vector<std::string> roots;
-    for (const py::handle path : paths) roots.push_back(path.cast<FileName>().bytes);
+    for (const py::handle path : paths) roots.push_back(argumentOf<FileName>(path).bytes);
     return roots;
 }
 
 unsigned threadCountOf(const py::object& jobs) {
     if (jobs.is_none()) return scan::usualThreadCount();
-    const auto count = jobs.cast<Number<std::int64_t>>().value;
+    const auto count = argumentOf<Number<std::int64_t>>(jobs).value;
     if (count < 1 || count > std::int64_t{scan::kMostThreads}) throw py::value_error("jobs must be 1 to 256");
     return static_cast<unsigned>(count);
 }

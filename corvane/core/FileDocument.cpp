@@ -13,6 +13,7 @@
 #include "corvane/platform/Drive.h"
 #include "corvane/platform/File.h"
 #include "corvane/platform/Paths.h"
+#include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlLayout.h"
 
 #include <exception>
@@ -63,13 +64,15 @@ std::string dateOr(const std::function<std::string()>& read, const std::string& 
 }
 
 std::string renderFileDocument(FileHandler& handler, const std::function<void()>& loadLyricsTag) {
+    const auto id3v1Tag = handler.ID3v1xTag();
+    if (!id3v1Tag) throw RuntimeFailure(FailureNumber::ObjectNotSet, "FileHandler", "Object variable not set");
     const auto document = newDocument("FileHandler");
     auto root = document->append_child("ImportData");
     appendDrive(root, *Drive::ofFile(handler.FileName()));
     auto element = root.append_child("Files").append_child("File");
     appendFileProperties(element.append_child("Properties"), handler, *File::ofPath(handler.FileName()));
     Internals<MPEGHeader>::appendXml(*handler.MPEGHeader(), element);
-    Internals<ID3V1Tag>::appendXml(*handler.ID3v1xTag(), element);
+    Internals<ID3V1Tag>::appendXml(*id3v1Tag, element);
     Internals<ID3V2Tag>::appendXml(*handler.ID3V2Tag(), element);
     loadLyricsTag();
     Internals<LyricsTag>::appendXml(*handler.LyricsTag(), element);

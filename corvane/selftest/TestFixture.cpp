@@ -3,6 +3,7 @@
 #include "corvane/core/FileHandler.h"
 #include "corvane/core/FileHandlerInternals.h"
 #include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/platform/RuntimeFailure.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -44,6 +45,7 @@ void TestFixture::Setup(std::shared_ptr<ITestManager> manager, const std::string
 void TestFixture::TearDown() { manager_ = nullptr; }
 
 void TestFixture::RunTest() {
+    if (!manager_) throw RuntimeFailure(FailureNumber::ObjectNotSet, "TestFixture", "Object variable not set");
     deleteStep();
     createStep();
     writeStep();

@@ -127,6 +127,18 @@ TEST_F(FileDocumentTest, AFileThatIsGoneFailsTheCallAndIsNotRecorded) {
     EXPECT_EQ(handler.LastError()->Stream(), before);
 }
 
+TEST_F(FileDocumentTest, WithoutAnId3v1TagObjectItIsAnObjectThatIsNotSet) {
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(folder_.write("a.mp3", song())));
+    handler.ID3v1xTag(nullptr);
+    try {
+        handler.xml();
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), static_cast<std::int32_t>(FailureNumber::ObjectNotSet));
+    }
+}
+
 TEST_F(FileDocumentTest, ALyricsTagThatCannotBeLoadedDoesNotStopTheDocument) {
     const auto path = folder_.write("a.mp3", ByteBuilder().padTo(200, 1).text("LYRICSBEGINabcdefLYRICS200").done());
     FileHandler handler;

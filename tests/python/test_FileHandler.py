@@ -95,6 +95,16 @@ def test_a_hosts_own_tag_object_is_written(open_mp3):
     assert pathlib.Path(handler.FileName).read_bytes() == AUDIO + mp3.id3v1(b"Own")
 
 
+def test_without_a_tag_object_nothing_is_written_and_there_is_no_document(open_mp3):
+    handler = open_mp3(AUDIO)
+    handler.ID3v1xTag = None
+    assert handler.ID3v1xTag is None and not handler.HasID3V1Tag
+    assert handler.writeID3v1xTag() is False
+    with pytest.raises(corvane.Error) as failed:
+        handler.xml()
+    assert failed.value.number == 91
+
+
 def test_a_track_that_no_byte_holds_fails_the_write_and_leaves_the_file(open_mp3):
     handler = open_mp3(AUDIO + RECORD)
     handler.ID3v1xTag.Track = 256

@@ -37,6 +37,12 @@ def test_a_position_out_of_range_gives_nothing(position):
     assert genres.getGenreByIndex(position) is None and genres.Item(position) is None and genres[position] is None
 
 
+@pytest.mark.parametrize("key", [1.5, None, b"17"])
+def test_a_key_that_is_neither_number_nor_text_is_a_type_error(key):
+    with pytest.raises(TypeError):
+        corvane.Genres()[key]
+
+
 def test_iterates_in_the_order_of_the_table():
     assert [genre.Num for genre in corvane.Genres()] == [*range(148), 255]
 

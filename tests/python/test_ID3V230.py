@@ -108,6 +108,8 @@ def test_what_no_frame_holds_is_refused():
     tag.Title = "T"
     with pytest.raises(TypeError):
         tag.Frames[1].vValue = 1.5
+    with pytest.raises(TypeError):
+        tag.Frames[1].vLanguage = 3
     with pytest.raises(corvane.Error):
         tag.Frames[1].vValue = 2**31
     assert tag.Title == "T"

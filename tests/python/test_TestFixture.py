@@ -93,3 +93,19 @@ def test_the_manager_is_released():
 def test_a_manager_that_defines_nothing_refuses():
     with pytest.raises(NotImplementedError):
         corvane.ITestManager().StartStep("x")
+
+
+def test_without_a_manager_running_raises():
+    with pytest.raises(corvane.Error) as failed:
+        corvane.TestFixture().RunTest()
+    assert failed.value.number == 91
+
+
+def test_what_a_manager_raises_reaches_the_caller(tmp_path, monkeypatch):
+    class Stopping(Manager):
+        def StartStep(self, Text):
+            raise KeyboardInterrupt
+
+    monkeypatch.chdir(tmp_path)
+    with pytest.raises(KeyboardInterrupt):
+        run(Stopping())

@@ -83,6 +83,11 @@ def test_another_number_of_jobs_is_a_value_error(tmp_path, jobs):
         corvane.scan(tmp_path, jobs=jobs)
 
 
+def test_a_number_of_jobs_that_is_none_is_a_type_error(tmp_path):
+    with pytest.raises(TypeError):
+        corvane.scan(tmp_path, jobs="2")
+
+
 @pytest.mark.parametrize("paths", [3, None, [3]])
 def test_what_is_no_path_is_a_type_error(paths):
     with pytest.raises(TypeError):

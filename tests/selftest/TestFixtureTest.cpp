@@ -1,5 +1,7 @@
 #include "corvane/selftest/TestFixture.h"
 
+#include "corvane/platform/RuntimeFailure.h"
+
 #include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -119,6 +121,17 @@ TEST_F(TestFixtureTest, AFolderThatTakesNoFileFailsTheCreation) {
     std::filesystem::create_directory("MP3Tst00.mp3/inside");
     run();
     EXPECT_EQ(recorder_->failures().at(1), "Couldn't create the Test-File 'MP3Tst00.mp3'");
+}
+
+TEST_F(TestFixtureTest, WithoutAManagerThereIsNobodyToReportTo) {
+    TestFixture fixture;
+    try {
+        fixture.RunTest();
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), static_cast<std::int32_t>(FailureNumber::ObjectNotSet));
+    }
+    EXPECT_TRUE(folder_.names().empty());
 }
 
 } // namespace
