@@ -15,7 +15,7 @@ py::object argumentProperty(int index, const char* doc) {
     return py::module_::import("builtins").attr("property")(py::cpp_function(read), py::none(), py::none(), doc);
 }
 
-void raise(std::exception_ptr thrown) {
+void raise(std::exception_ptr thrown) { // NOLINT(performance-unnecessary-value-param): as pybind11 calls it
     try {
         if (thrown) std::rethrow_exception(thrown);
     } catch (const RuntimeFailure& failure) {
