@@ -102,7 +102,8 @@ private Q_SLOTS:
     }
 
     void TextsGoWithTheirObject() {
-        std::optional<Translations> texts(QLocale(QLocale::German));
+        std::optional<Translations> texts;
+        texts.emplace(QLocale(QLocale::German));
         texts.reset();
         QCOMPARE(openFilesText(), QStringLiteral("Open files…"));
     }
