@@ -18,6 +18,7 @@ void bindID3V1Tag(pybind11::module_& corvane);
 void bindID3V22Frame(pybind11::module_& corvane);
 void bindID3V22Tag(pybind11::module_& corvane);
 void bindID3V230(pybind11::module_& corvane);
+void bindID3V230Field(pybind11::module_& corvane);
 void bindID3V230Frame(pybind11::module_& corvane);
 void bindID3V230Frames(pybind11::module_& corvane);
 void bindID3V23Frame(pybind11::module_& corvane);

@@ -400,6 +400,13 @@ class LyricsTag:
     def xml(self) -> str: ...
     def xml_element(self) -> Element: ...
 
+class ID3V230Field:
+    def __init__(self) -> None: ...
+    FieldID: int
+    FieldType: int
+    NumTextItems: int
+    Size: int
+
 class ID3V230Frame:
     eType: int
     FrameHandle: int

@@ -24,6 +24,7 @@ PYBIND11_MODULE(corvane, corvane) {
     bindMPEGHeader(corvane);
     bindLyricsV200Field(corvane);
     bindLyricsTag(corvane);
+    bindID3V230Field(corvane);
     bindID3V230Frame(corvane);
     bindID3V230Frames(corvane);
     bindID3V230(corvane);

@@ -145,3 +145,15 @@ def test_records_are_made_by_their_tag():
     for name in ("ID3V230Frame", "ID3V230Frames"):
         with pytest.raises(TypeError):
             getattr(corvane, name)()
+
+
+def test_a_field_holds_what_a_host_puts_into_it():
+    field = corvane.ID3V230Field()
+    assert (field.FieldID, field.FieldType, field.NumTextItems, field.Size) == (0, -1, 0, 0)
+    field.FieldID, field.FieldType = corvane.ID3_FieldID.ID3FN_TEXT, corvane.ID3_FieldType.ID3FTY_TEXTSTRING
+    field.NumTextItems, field.Size = 2, 7
+    assert field.FieldID is corvane.ID3_FieldID.ID3FN_TEXT
+    assert field.FieldType is corvane.ID3_FieldType.ID3FTY_TEXTSTRING
+    assert (field.NumTextItems, field.Size) == (2, 7)
+    with pytest.raises(corvane.Error):
+        field.Size = 2**31
