@@ -2,6 +2,7 @@
 
 #include "corvane/core/FileDocument.h"
 #include "corvane/core/FileHandlerInternals.h"
+#include "corvane/core/FileStart.h"
 #include "corvane/core/Id3v1Trailer.h"
 #include "corvane/core/PathWithoutDrive.h"
 #include "corvane/id3v1/ID3V1Tag.h"
@@ -19,39 +20,13 @@
 #include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
 
-#include <algorithm>
 #include <array>
-#include <string_view>
 
 namespace corvane {
 
 namespace {
 
-constexpr std::int16_t kTypeMp3 = 1;
-constexpr std::int16_t kTypeZip = 2;
-constexpr std::int16_t kTypeRar = 3;
 constexpr std::array<const char*, 4> kTypeNames{"Unknown", "MP3", "ZIP", "RAR"};
-
-// What is behind the end of a shorter file counts as 0.
-using Head = std::array<std::uint8_t, ID3V2Header::kByteCount>;
-
-Head headOf(FileReader& file) {
-    Head head{};
-    std::ranges::copy(file.view(0, head.size()), head.begin());
-    return head;
-}
-
-bool startsWith(Bytes head, std::string_view signature) {
-    return head.size() >= signature.size() &&
-           std::equal(signature.begin(), signature.end(), head.begin(),
-                      [](char expected, std::uint8_t byte) { return static_cast<std::uint8_t>(expected) == byte; });
-}
-
-bool isZip(Bytes head) { return startsWith(head, "PK\x03\x04"); }
-
-// Never true: byte 5 would have to be 07 and 00 at once. The signature of an archive is "Rar!" 1A 07 00, but hosts rely
-// on RAR files being taken for MP3 candidates, as they always have been.
-bool isRar(Bytes head) { return startsWith(head, "Rar!\x1A") && head.size() > 5 && head[5] == 0x07 && head[5] == 0x00; }
 
 constexpr const char* kCreateSource = "createID3V2Tag";
 
@@ -92,61 +67,38 @@ FileHandler::~FileHandler() = default;
 
 bool FileHandler::Create(const std::string& FileName) {
     return recordFailures(*error_, false, [&] {
-        begin(FileName);
+        fileName_ = FileName;
+        id3v1Tag_ = std::make_shared<ID3V1Tag>();
         FileReader file(FileName);
-        analyse(file, Frames::WhenAskedFor);
+        analyse(file);
         return true;
     });
 }
 
-bool FileHandler::create(const std::string& fileName, FileReader& file) {
-    return recordFailures(*error_, false, [&] {
-        begin(fileName);
-        analyse(file, Frames::Now);
-        return true;
-    });
-}
-
-void FileHandler::begin(const std::string& fileName) {
-    fileName_ = fileName;
-    id3v1Tag_ = std::make_shared<ID3V1Tag>();
-}
-
-void FileHandler::analyse(FileReader& file, Frames frames) {
-    const Head head = headOf(file);
-    if (isZip(head)) {
-        fileType_ = kTypeZip;
-        throw RuntimeFailure(FailureNumber::ObjectDefined, "Create", "This is a ZIP-File");
-    }
-    if (isRar(head)) {
-        fileType_ = kTypeRar;
-        throw RuntimeFailure(FailureNumber::ObjectDefined, "Create", "This is a RAR-File");
-    }
-    const std::int32_t startPosition = readId3v2Header(head);
-    // Before the audio is searched, because the block that the last frames are read with often holds its beginning.
-    if (frames == Frames::Now && hasId3v2Tag_) Internals<corvane::ID3V2Tag>::parse(*id3v2Tag_, file);
-    if (!Internals<corvane::MPEGHeader>::LoadHeaderEx(*mpegHeader_, file, startPosition)) {
+void FileHandler::analyse(FileReader& file) {
+    FileStart start = startOf(file);
+    if (start.kind != FileKind::Mp3) fileType_ = static_cast<std::int16_t>(start.kind);
+    requireNoArchive(start);
+    takeId3v2Header(start);
+    if (!Internals<corvane::MPEGHeader>::LoadHeaderEx(*mpegHeader_, file, start.audioPosition)) {
         error_->record("LoadHeaderEx", Internals<corvane::MPEGHeader>::ErrorRecord(*mpegHeader_)->Stream(),
                        cError::kError);
     }
     readId3v1Record(file);
-    fileType_ = kTypeMp3;
+    fileType_ = static_cast<std::int16_t>(FileKind::Mp3);
 }
 
-// The 1-based position at which the search for the first audio frame begins.
-std::int32_t FileHandler::readId3v2Header(Bytes head) {
-    if (!startsWith(head, "ID3")) return 1;
-    auto header = decodeHeader(head);
-    if (!header || !hasTagNumbers(*header)) {
+void FileHandler::takeId3v2Header(FileStart& start) {
+    if (!start.claimsTag) return;
+    if (!start.tag) {
         id3v2Tag_ = std::make_shared<corvane::ID3V2Tag>();
-        return 1;
+        return;
     }
     // The first three characters of the decimal texts of the bytes 'I', 'D' and '3', not the letters: hosts that look
     // into the record find it filled like this.
-    header->ID = "736";
-    Internals<corvane::ID3V2Tag>::setHeader(*id3v2Tag_, fileName_, *header);
+    start.tag->ID = "736";
+    Internals<corvane::ID3V2Tag>::setHeader(*id3v2Tag_, fileName_, *start.tag);
     hasId3v2Tag_ = true;
-    return std::get<std::int32_t>(id3v2Tag_->Size());
 }
 
 void FileHandler::readId3v1Record(FileReader& file) {

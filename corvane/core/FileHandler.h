@@ -9,7 +9,6 @@
 
 #include "corvane/core/TagError.h"
 #include "corvane/id3v1/EID3TagConstants.h"
-#include "corvane/platform/Bytes.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
 
@@ -24,6 +23,7 @@ class Drive;
 class File;
 class FileReader;
 struct FileChange;
+struct FileStart;
 class ID3V1Tag;
 class ID3V230;
 class ID3V2Tag;
@@ -101,11 +101,8 @@ public:
 private:
     friend struct Internals<FileHandler>;
 
-    bool create(const std::string& fileName, FileReader& file);
-    void begin(const std::string& fileName);
-    enum class Frames { WhenAskedFor, Now };
-    void analyse(FileReader& file, Frames frames);
-    std::int32_t readId3v2Header(Bytes head);
+    void analyse(FileReader& file);
+    void takeId3v2Header(FileStart& start);
     void readId3v1Record(FileReader& file);
     void loadLyricsTag();
     void followOwnChange(const FileChange& change) const;

@@ -1,13 +1,10 @@
 #include "corvane/core/FileSummary.h"
 
-#include "corvane/core/FileHandler.h"
-#include "corvane/core/FileHandlerInternals.h"
+#include "corvane/core/FileStart.h"
+#include "corvane/core/Id3v1Trailer.h"
 #include "corvane/id3v1/GenreTable.h"
-#include "corvane/id3v1/ID3V1Tag.h"
-#include "corvane/id3v1/Id3v1Record.h"
-#include "corvane/id3v2/ID3V2Tag.h"
-#include "corvane/id3v2/ID3V2TagInternals.h"
 #include "corvane/id3v2/ReadableTag.h"
+#include "corvane/id3v2/TagLoad.h"
 #include "corvane/lyrics/LyricsFormat.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/mpeg/MPEGHeaderInternals.h"
@@ -33,12 +30,14 @@ const char* lyricsName(FileReader& file, bool hasId3v1) {
     }
 }
 
-std::string versionName(const ID3V2Version& version) {
+std::string versionName(const ID3V2Header& header) {
     std::string name = "ID3v2.";
-    return name.append(std::to_string(version.Minor())).append(".").append(std::to_string(version.Revision()));
+    return name.append(std::to_string(header.Version[0])).append(".").append(std::to_string(header.Version[1]));
 }
 
-void takeAudioFacts(FileSummary& summary, const MPEGHeader& header) {
+void takeAudioFacts(FileSummary& summary, FileReader& file, std::int32_t startPosition) {
+    MPEGHeader header;
+    Internals<MPEGHeader>::LoadHeaderEx(header, file, startPosition);
     if (Internals<MPEGHeader>::headerPosition(header) == 0) return;
     summary.durationSeconds = header.Duration();
     summary.frequencyHz = header.Frequency();
@@ -50,9 +49,9 @@ void takeAudioFacts(FileSummary& summary, const MPEGHeader& header) {
     }
 }
 
-void takeId3v2Texts(FileSummary& summary, const ID3V2Tag& tag) {
+void takeId3v2Texts(FileSummary& summary, const TagFrames& frames) {
     // Lists show what the writer of the tag meant, also where the properties, which hosts know, differ from it.
-    ReadableTag texts = Internals<ID3V2Tag>::readable(tag);
+    ReadableTag texts = readableTag(frames);
     summary.title = std::move(texts.title);
     summary.artist = std::move(texts.artist);
     summary.album = std::move(texts.album);
@@ -62,38 +61,38 @@ void takeId3v2Texts(FileSummary& summary, const ID3V2Tag& tag) {
     summary.comment = std::move(texts.comment);
 }
 
-void takeId3v1Texts(FileSummary& summary, const ID3V1Tag& tag) {
-    if (summary.title.empty()) summary.title = tag.Title();
-    if (summary.artist.empty()) summary.artist = tag.Artist();
-    if (summary.album.empty()) summary.album = tag.Album();
-    if (summary.year.empty()) summary.year = tag.Year();
-    if (summary.comment.empty()) summary.comment = tag.Comment();
-    if (summary.track.empty() && tag.Track() > 0) summary.track = std::to_string(tag.Track());
-    if (summary.genre.empty() && tag.Genre() != kUndefinedGenre) summary.genre = genreName(tag.Genre());
+void takeId3v2Tag(FileSummary& summary, FileReader& file, const std::string& path, const ID3V2Header& header) {
+    summary.tags.push_back(versionName(header));
+    const auto frames = loadFrames({file, path, static_cast<std::int64_t>(file.size()), 1, header});
+    if (frames != nullptr) takeId3v2Texts(summary, *frames);
+}
+
+void takeId3v1Record(FileSummary& summary, Id3v1Fields record) {
+    summary.tags.emplace_back(record.tagType == EID3TagConstants::ID3V11 ? "ID3v1.1" : "ID3v1");
+    if (summary.title.empty()) summary.title = std::move(record.title);
+    if (summary.artist.empty()) summary.artist = std::move(record.artist);
+    if (summary.album.empty()) summary.album = std::move(record.album);
+    if (summary.year.empty()) summary.year = std::move(record.year);
+    if (summary.comment.empty()) summary.comment = std::move(record.comment);
+    if (summary.track.empty() && record.track > 0) summary.track = std::to_string(record.track);
+    if (summary.genre.empty() && record.genre != kUndefinedGenre) summary.genre = genreName(record.genre);
 }
 
 } // namespace
 
+// Without the automation objects: making them takes as long as reading the file does.
 FileSummary summarize(const std::string& path) {
     FileReader file(path);
-    FileHandler handler;
-    if (!Internals<FileHandler>::create(handler, path, file)) {
-        const cError& error = Internals<FileHandler>::error(handler);
-        throw RuntimeFailure(error.Number, error.Source, error.Description);
-    }
+    const FileStart start = startOf(file);
+    requireNoArchive(start);
     FileSummary summary;
     summary.tags.reserve(3);
-    takeAudioFacts(summary, *handler.MPEGHeader());
-    if (handler.HasID3V2Tag()) {
-        summary.tags.push_back(versionName(*handler.ID3V2Tag()->Version()));
-        takeId3v2Texts(summary, *handler.ID3V2Tag());
-    }
-    if (const char* name = lyricsName(file, handler.HasID3V1Tag())) summary.tags.emplace_back(name);
-    if (handler.HasID3V1Tag()) {
-        const ID3V1Tag& tag = *handler.ID3v1xTag();
-        summary.tags.emplace_back(tag.TagType() == EID3TagConstants::ID3V11 ? "ID3v1.1" : "ID3v1");
-        takeId3v1Texts(summary, tag);
-    }
+    // Before the audio is searched, because the block that the last frames are read with often holds its beginning.
+    if (start.tag) takeId3v2Tag(summary, file, path, *start.tag);
+    takeAudioFacts(summary, file, start.audioPosition);
+    auto record = readTrailer(file);
+    if (const char* name = lyricsName(file, record.has_value())) summary.tags.emplace_back(name);
+    if (record) takeId3v1Record(summary, std::move(*record));
     return summary;
 }
 

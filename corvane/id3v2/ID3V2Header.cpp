@@ -3,6 +3,7 @@
 #include "corvane/platform/ByteReader.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace corvane {
 
@@ -14,6 +15,13 @@ std::array<std::uint8_t, Size> arrayOf(Bytes bytes) {
     std::copy(bytes.begin(), bytes.end(), array.begin());
     return array;
 }
+
+constexpr std::int64_t sizeWithHeader(const std::array<std::uint8_t, 4>& size) {
+    std::int64_t sum = 0;
+    for (const std::uint8_t byte : size) sum = sum * 128 + byte;
+    return sum + static_cast<std::int64_t>(ID3V2Header::kByteCount);
+}
+static_assert(sizeWithHeader({0xFF, 0xFF, 0xFF, 0xFF}) <= std::numeric_limits<std::int32_t>::max());
 
 } // namespace
 
@@ -32,5 +40,7 @@ bool hasTagNumbers(const ID3V2Header& header) {
     return std::all_of(header.Version.begin(), header.Version.end(), [](auto byte) { return byte < 0xFF; }) &&
            std::all_of(header.Size.begin(), header.Size.end(), [](auto byte) { return byte < 0x80; });
 }
+
+std::int32_t tagSize(const ID3V2Header& header) { return static_cast<std::int32_t>(sizeWithHeader(header.Size)); }
 
 } // namespace corvane

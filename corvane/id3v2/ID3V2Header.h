@@ -32,4 +32,8 @@ std::optional<ID3V2Header> decodeHeader(Bytes bytes);
 // Whether the numbers of a header are those of a tag: neither version byte is FF and every size byte is below 80.
 bool hasTagNumbers(const ID3V2Header& header);
 
+// Bytes of the tag with its header. Bit 7 of a size byte is not masked off, on purpose: a byte of 80 or more adds its
+// whole value.
+std::int32_t tagSize(const ID3V2Header& header);
+
 } // namespace corvane

@@ -10,8 +10,6 @@
 #include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlLayout.h"
 
-#include <array>
-#include <limits>
 #include <utility>
 
 namespace corvane {
@@ -19,14 +17,6 @@ namespace corvane {
 namespace {
 
 constexpr std::int64_t kStartPosition = 1; // the tag begins with the file's first byte
-
-// Bit 7 of a size byte is not masked off, on purpose: a byte of 80 or more adds its whole value.
-constexpr std::int64_t tagSize(const std::array<std::uint8_t, 4>& size) {
-    std::int64_t sum = 0;
-    for (const std::uint8_t byte : size) sum = sum * 128 + byte;
-    return sum + static_cast<std::int64_t>(ID3V2Header::kByteCount);
-}
-static_assert(tagSize({0xFF, 0xFF, 0xFF, 0xFF}) <= std::numeric_limits<std::int32_t>::max());
 
 template <class Reader>
 bool loadFrames(Reader& reader, FileReader& file, const std::string& fileName, const ID3V2Header& header) {
@@ -64,7 +54,7 @@ void ID3V2Tag::setHeader(const std::string& fileName, const ID3V2Header& header)
     fileName_ = fileName;
     Internals<ID3V2Version>::setMinor(*version_, header.Version[0]);
     Internals<ID3V2Version>::setRevision(*version_, header.Version[1]);
-    size_ = static_cast<std::int32_t>(tagSize(header.Size));
+    size_ = tagSize(header);
     headerSet_ = true;
     header_ = header;
 }
@@ -95,10 +85,6 @@ bool ID3V2Tag::parse() {
         FileReader file(fileName_);
         return loadReader(file);
     });
-}
-
-bool ID3V2Tag::parse(FileReader& file) {
-    return load([&] { return loadReader(file); });
 }
 
 template <class Body>

@@ -105,7 +105,6 @@ private:
     void setHeader(const std::string& fileName, const ID3V2Header& header);
     bool loadTag();
     bool parse();
-    bool parse(FileReader& file);
     bool loadReader(FileReader& file);
     bool isLoaded() { return loaded_ || loadTag(); }
     bool hasKnownVersion() const;

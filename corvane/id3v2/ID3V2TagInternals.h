@@ -2,7 +2,6 @@
 #pragma once
 
 #include "corvane/id3v2/ID3V2Tag.h"
-#include "corvane/id3v2/ReadableTag.h"
 
 #include <pugixml.hpp>
 
@@ -17,20 +16,14 @@ struct Internals<ID3V2Tag> {
         tag.setHeader(fileName, header);
     }
     // Reads the frames now with the library's own parser, which is all that showing them takes; the tag cannot be
-    // changed then. From the file of that name, or from the same file that is open already.
+    // changed then.
     static bool parse(ID3V2Tag& tag) { return tag.parse(); }
-    static bool parse(ID3V2Tag& tag, FileReader& file) { return tag.parse(file); }
     // Appends the element "ID3V2Tag" with its properties. Fails as ID3V2Tag::xml does.
     static void appendXml(ID3V2Tag& tag, pugi::xml_node parent) { tag.appendXml(parent); }
     // The frames of a parsed tag, nullptr before; they live as long as the tag.
     static const TagFrames* frames(const ID3V2Tag& tag) { return tag.frames(); }
     // The library has changed the tag's file itself, behind the tag.
     static void follow(const ID3V2Tag& tag, const FileChange& change) { tag.follow(change); }
-    // What a loaded tag tells people, see ReadableTag; nothing but "" before it is loaded.
-    static ReadableTag readable(const ID3V2Tag& tag) {
-        const TagFrames* frames = tag.frames();
-        return frames == nullptr ? ReadableTag() : readableTag(*frames);
-    }
 };
 
 } // namespace corvane

@@ -82,6 +82,19 @@ bool hasMatchingFooter(const TagInFile& tag) {
 
 } // namespace
 
+std::shared_ptr<const TagFrames> loadFrames(const TagInFile& tag) {
+    switch (tag.header.Version[0]) {
+    case 2:
+        return loadVersion22(tag);
+    case 3:
+        return loadVersion23(tag);
+    case 4:
+        return loadVersion24(tag);
+    default:
+        return nullptr;
+    }
+}
+
 std::shared_ptr<const TagFrames> loadVersion22(const TagInFile& tag) {
     constexpr std::uint8_t kReserved = 0x0C;
     if (has(tag.header, kReserved) || !fitsFile(tag) || bodySize(tag) == 0) return nullptr;

@@ -24,6 +24,9 @@ struct TagInFile {
     const ID3V2Header& header;
 };
 
+// By the rule of the header's version; nothing for a version that has none.
+std::shared_ptr<const TagFrames> loadFrames(const TagInFile& tag);
+
 std::shared_ptr<const TagFrames> loadVersion22(const TagInFile& tag);
 // Header flag 20 is taken for that of an extended header. Odd on purpose: the published format has it in 40.
 std::shared_ptr<const TagFrames> loadVersion23(const TagInFile& tag);

@@ -1,7 +1,6 @@
 #include "corvane/id3v2/ID3V2Tag.h"
 
 #include "corvane/id3v2/ID3V23TagInternals.h"
-#include "corvane/platform/FileReader.h"
 #include "corvane/platform/MessageBox.h"
 #include "corvane/platform/RuntimeFailure.h"
 
@@ -192,14 +191,6 @@ TEST(ID3V2Tag, FramesAreReadWhenTheyAreFirstAskedForAndOnce) {
     EXPECT_EQ(file.tag.Title(), "later");
     EXPECT_EQ(file.tag.Artist(), "");
     EXPECT_EQ(lastErrorOf(file.tag), "0, , ");
-}
-
-TEST(ID3V2Tag, FramesCanBeReadFromTheFileThatIsOpen) {
-    TagOnDisk file(fullTag(3));
-    FileReader reader(file.path());
-    std::filesystem::remove(file.path());
-    EXPECT_TRUE(Internals<ID3V2Tag>::parse(file.tag, reader));
-    EXPECT_EQ(file.tag.Title(), "TIT2");
 }
 
 TEST(ID3V2Tag, WithoutAHeaderThereIsNoTag) {
