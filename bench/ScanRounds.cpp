@@ -1,8 +1,9 @@
 #include "bench/ScanRounds.h"
 
+#include "tests/support/ProcessorTime.h"
+
 #include <algorithm>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -18,14 +19,6 @@ std::vector<std::string> filesBelow(const std::string& folder) {
         if (entry.is_regular_file()) found.push_back(entry.path().string());
     std::sort(found.begin(), found.end());
     return found;
-}
-
-// Processor time of this process, in the system too. With the files in memory a scan waits for nothing, and other
-// programs do not count.
-double processorMicroseconds() {
-    timespec time{};
-    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
 // Peak memory of this program in kB. What getrusage tells also counts the program that started this one.
@@ -48,9 +41,10 @@ int scanRounds(int argumentCount, char** arguments, const std::function<void(con
     const int rounds = argumentCount > 2 ? std::atoi(arguments[2]) : 1;
     auto best = std::numeric_limits<double>::max();
     for (int round = 0; round < rounds; ++round) {
-        const double start = processorMicroseconds();
+        // With the files in memory a scan waits for nothing.
+        const double start = test::processorSeconds();
         for (const auto& file : files) read(file);
-        best = std::min(best, (processorMicroseconds() - start) / static_cast<double>(files.size()));
+        best = std::min(best, (test::processorSeconds() - start) * 1e6 / static_cast<double>(files.size()));
     }
     std::cout << best << ' ' << peakKilobytes() << '\n';
     return 0;

@@ -4,6 +4,8 @@
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/xml/XmlNode.h"
 
+#include "tests/controls/DarkPalette.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
@@ -18,18 +20,6 @@
 using namespace corvane::controls;
 
 namespace {
-
-QPalette darkPalette() {
-    QPalette dark(QColor(53, 53, 53));
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    dark.setColor(QPalette::Window, QColor(45, 45, 45));
-    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-        dark.setColor(role, QColor(225, 225, 225));
-        dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    }
-    return dark;
-}
 
 std::shared_ptr<corvane::ID3V1Tag> tag(const char* title, std::int16_t track) {
     auto made = std::make_shared<corvane::ID3V1Tag>();

@@ -3,6 +3,7 @@
 
 #include "apps/editor/MainWindow.h"
 #include "apps/editor/Translations.h"
+#include "tests/controls/DarkPalette.h"
 
 #include <QAction>
 #include <QApplication>
@@ -19,19 +20,6 @@
 using namespace corvane::editor;
 
 namespace {
-
-QPalette darkPalette() {
-    QPalette dark(QColor(53, 53, 53));
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    dark.setColor(QPalette::AlternateBase, QColor(38, 38, 38));
-    dark.setColor(QPalette::Window, QColor(45, 45, 45));
-    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-        dark.setColor(role, QColor(225, 225, 225));
-        dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    }
-    return dark;
-}
 
 class Camera {
 public:
@@ -103,7 +91,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    if (words[3] == QStringLiteral("dark")) QApplication::setPalette(darkPalette());
+    if (words[3] == QStringLiteral("dark")) QApplication::setPalette(corvane::controls::darkPalette());
     // German texts are longer than English ones.
     std::optional<Translations> texts;
     if (words[3] == QStringLiteral("german")) texts.emplace(QLocale(QLocale::German));
