@@ -37,4 +37,9 @@ ByteArray bytesOf(py::handle object) {
     return content;
 }
 
+void expectFunctionOrNone(py::handle object) {
+    if (object.is_none() || PyCallable_Check(object.ptr()) != 0) return;
+    throw py::type_error("expected a function or None, not " + std::string(py::str(py::type::handle_of(object))));
+}
+
 } // namespace corvane::python

@@ -58,6 +58,9 @@ std::int64_t wholeNumber(py::handle number, std::int64_t least, std::int64_t mos
 
 ByteArray bytesOf(py::handle object);
 
+// Fails with TypeError for what is neither None nor can be called: here, and not when it would first be called.
+void expectFunctionOrNone(py::handle object);
+
 } // namespace corvane::python
 
 namespace pybind11::detail {

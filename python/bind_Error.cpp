@@ -3,6 +3,8 @@
 
 namespace corvane::python {
 
+using namespace py::literals;
+
 namespace {
 
 PyObject* errorClass = nullptr; // lives as long as the interpreter
@@ -34,6 +36,12 @@ void bindError(py::module_& corvane) {
            "91 (object not there), 457 (key there already), or -2147221504 and above for a failure with its own text.");
     members["source"] = argumentProperty(1, "Label of the operation that failed.");
     members["description"] = argumentProperty(2, "The message.");
+    // So that every error has all three, given by place or by name.
+    members["__init__"] = py::cpp_function(
+        [](const py::object& error, const py::int_& number, const py::str& source, const py::str& description) {
+            error.attr("args") = py::make_tuple(number, source, description);
+        },
+        py::name("Error"), py::is_method(py::none()), "number"_a, "source"_a, "description"_a);
     members["__str__"] = py::cpp_function(
         [](const py::object& error) { return py::str("{}, {}, {}").format(*py::tuple(error.attr("args"))); },
         py::name("__str__"), py::is_method(py::none()));

@@ -28,6 +28,7 @@ private:
 };
 
 void setHook(const py::object& hook) {
+    expectFunctionOrNone(hook);
     MessageBoxHook given;
     if (!hook.is_none()) given = Hook(hook);
     const py::gil_scoped_release unlocked;

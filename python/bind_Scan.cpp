@@ -162,9 +162,12 @@ std::vector<std::string> rootsOf(const py::object& paths) {
 
 unsigned threadCountOf(const py::object& jobs) {
     if (jobs.is_none()) return scan::usualThreadCount();
-    const auto count = argumentOf<Number<std::int64_t>>(jobs).value;
-    if (count < 1 || count > std::int64_t{scan::kMostThreads}) throw py::value_error("jobs must be 1 to 256");
-    return static_cast<unsigned>(count);
+    if (PyIndex_Check(jobs.ptr()) == 0) throw py::type_error("jobs must be an int or None");
+    try {
+        return static_cast<unsigned>(wholeNumber(jobs, 1, scan::kMostThreads));
+    } catch (const RuntimeFailure&) {
+        throw py::value_error("jobs must be 1 to 256");
+    }
 }
 
 } // namespace
@@ -177,6 +180,7 @@ void bindScan(py::module_& corvane) {
     corvane.def(
         "scan",
         [](const py::object& paths, const py::object& jobs, py::object onError) {
+            expectFunctionOrNone(onError);
             return std::make_unique<Scan>(rootsOf(paths), threadCountOf(jobs), std::move(onError));
         },
         "paths"_a, "jobs"_a = py::none(), py::kw_only(), "onerror"_a = py::none(), kDoc);

@@ -21,7 +21,9 @@ public:
     bool CheckCondition(bool Condition, const std::string& Message) override {
         const py::gil_scoped_acquire locked;
         const py::object result = manager_.attr("CheckCondition")(Condition, Text{Message});
-        return PyObject_IsTrue(result.ptr()) == 1;
+        const int passed = PyObject_IsTrue(result.ptr());
+        if (passed < 0) throw py::error_already_set();
+        return passed == 1;
     }
     void StartStep(const std::string& step) override {
         const py::gil_scoped_acquire locked;

@@ -13,6 +13,14 @@ def test_has_number_source_and_description():
     assert repr(error) == "Error(6, 'Track', 'Overflow')"
 
 
+def test_is_made_of_all_three_by_place_or_by_name():
+    error = corvane.Error(description="Overflow", source="Track", number=6)
+    assert error.args == (6, "Track", "Overflow") and str(error) == "6, Track, Overflow"
+    for arguments in ((), (6,), (6, "Track"), ("6", "Track", "Overflow"), (6, "Track", "Overflow", None)):
+        with pytest.raises(TypeError):
+            corvane.Error(*arguments)
+
+
 def test_is_an_exception_that_can_be_sent_to_another_process():
     copy = pickle.loads(pickle.dumps(corvane.Error(91, "a", "b")))
     assert isinstance(copy, corvane.Error) and isinstance(copy, Exception)

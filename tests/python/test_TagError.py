@@ -66,6 +66,14 @@ def test_what_a_hook_raises_reaches_the_caller():
         corvane.setMessageBoxHook(None)
 
 
+@pytest.mark.parametrize("hook", [3, "print"])
+def test_a_hook_that_cannot_be_called_is_refused_and_the_old_one_stays(boxes, hook):
+    with pytest.raises(TypeError):
+        corvane.setMessageBoxHook(hook)
+    failed().LastError.Show()
+    assert len(boxes) == 1
+
+
 def test_a_hook_that_is_still_set_does_not_harm_the_end_of_the_program():
     script = "import corvane; corvane.setMessageBoxHook(lambda *box: None)"
     assert subprocess.run([sys.executable, "-c", script], check=False).returncode == 0

@@ -109,3 +109,17 @@ def test_what_a_manager_raises_reaches_the_caller(tmp_path, monkeypatch):
     monkeypatch.chdir(tmp_path)
     with pytest.raises(KeyboardInterrupt):
         run(Stopping())
+
+
+def test_a_result_that_is_neither_true_nor_false_is_the_managers_failure(tmp_path, monkeypatch):
+    class Neither:
+        def __bool__(self):
+            raise LookupError("neither")
+
+    class Odd(Manager):
+        def CheckCondition(self, Condition, Message):
+            return Neither()
+
+    monkeypatch.chdir(tmp_path)
+    with pytest.raises(LookupError, match="neither"):
+        run(Odd())

@@ -77,15 +77,22 @@ def test_a_name_that_is_no_text_can_be_opened_again(write):
     assert os.path.exists(values["path"])
 
 
-@pytest.mark.parametrize("jobs", [0, -1, 257])
+@pytest.mark.parametrize("jobs", [0, -1, 257, 10**30])
 def test_another_number_of_jobs_is_a_value_error(tmp_path, jobs):
     with pytest.raises(ValueError):
         corvane.scan(tmp_path, jobs=jobs)
 
 
-def test_a_number_of_jobs_that_is_none_is_a_type_error(tmp_path):
+@pytest.mark.parametrize("jobs", ["2", 2.0])
+def test_a_number_of_jobs_that_is_none_is_a_type_error(tmp_path, jobs):
     with pytest.raises(TypeError):
-        corvane.scan(tmp_path, jobs="2")
+        corvane.scan(tmp_path, jobs=jobs)
+
+
+@pytest.mark.parametrize("function", [3, "print"])
+def test_what_cannot_be_called_is_a_type_error_before_the_scan_begins(tmp_path, function):
+    with pytest.raises(TypeError):
+        corvane.scan(tmp_path, onerror=function)
 
 
 @pytest.mark.parametrize("paths", [3, None, [3]])
