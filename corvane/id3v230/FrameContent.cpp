@@ -2,7 +2,6 @@
 
 #include "corvane/id3v230/FrameFields.h"
 #include "corvane/id3v230/SpreadText.h"
-#include "corvane/id3v230/SyncedLyrics.h"
 #include "corvane/platform/ByteReader.h"
 #include "corvane/platform/CodePage.h"
 #include "corvane/platform/EncodedText.h"
@@ -81,7 +80,6 @@ private:
     ByteReader rest_;
     EncodedTextReader text_ = codePageReader();
     std::size_t unitSize_ = 1; // bytes
-    TimeStampFormat timeStampFormat_ = TimeStampFormat::Milliseconds;
     FrameContent content_;
 };
 
@@ -121,7 +119,10 @@ void ContentReader::readField(ID3_FieldID field) {
         content_.picture.type = readByte(field);
         return;
     case ID3FN_TIMESTAMPFORMAT:
-        timeStampFormat_ = static_cast<TimeStampFormat>(readByte(field));
+        content_.lyrics.format = static_cast<TimeStampFormat>(readByte(field));
+        return;
+    case ID3FN_CONTENTTYPE:
+        content_.contentType = readByte(field);
         return;
     case ID3FN_FILENAME:
         readEncodedString(field);
@@ -203,7 +204,8 @@ void ContentReader::readData() {
     content_.picture.imageOffset = frame_ == ID3_FrameID::ID3FID_PICTURE ? size_ - rest_.left() : 0;
     if (frame_ == ID3_FrameID::ID3FID_UNIQUEFILEID) content_.value = unspreadText(rest_.takeRest());
     if (frame_ == ID3_FrameID::ID3FID_SYNCEDLYRICS) {
-        content_.value = textOfSyncedLyrics(takeSyncedLyrics(timeStampFormat_, text_, rest_));
+        content_.lyrics = takeSyncedLyrics(content_.lyrics.format, text_, rest_);
+        content_.value = textOfSyncedLyrics(content_.lyrics);
     }
 }
 

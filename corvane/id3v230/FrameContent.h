@@ -4,6 +4,7 @@
 #include "corvane/id3v230/FrameVariant.h"
 #include "corvane/id3v230/ID3V230Field.h"
 #include "corvane/id3v230/ID3_FrameID.h"
+#include "corvane/id3v230/SyncedLyrics.h"
 #include "corvane/platform/Bytes.h"
 
 #include <cstddef>
@@ -26,8 +27,10 @@ struct FrameContent {
     // (SyncedLyrics.h), that of UFID its identifier (SpreadText.h), that of a W frame its address.
     FrameVariant value;
     std::string description;          // "" for frames without one
-    std::string language;             // three letters as they stand; "" for frames without one
+    std::string language;             // three letters, without zeros at their end; "" for frames without one
     PictureHead picture;              // APIC only
+    SyncedLyrics lyrics;              // SYLT only
+    std::uint8_t contentType = 0;     // SYLT only; 1 is lyrics (ID3v2.3.0 section 4.10)
     std::vector<ID3V230Field> fields; // those that the frame has, in ascending order
 };
 

@@ -55,15 +55,18 @@ bool hasSeveralValues(const WantedFrame& frame) {
     return hasField(frame.frame, ID3_FieldID::ID3FN_TEXT) && frame.text.find('\0') != std::string::npos;
 }
 
+bool hasZeroInLanguage(const WantedFrame& frame) { return frame.language.find('\0') != std::string::npos; }
+
 bool hasMarkOnly(const WantedFrame& frame) {
     return frame.encoding == TextEncoding::Utf16 && frame.description.empty() &&
            hasField(frame.frame, ID3_FieldID::ID3FN_DESCRIPTION);
 }
 
-// Plain texts are most changes, and id3lib takes a file to make one. Of several values it would keep the first. In
-// front of an empty description in UTF-16 it would write no byte-order mark: there are readers that skip such a frame.
+// Plain texts are most changes, and id3lib takes a file to make one. Of several values it would keep the first, and its
+// texts end at a zero. In front of an empty description in UTF-16 it would write no byte-order mark: there are readers
+// that skip such a frame.
 bool isOwn(const WantedFrame& frame) {
-    return isPlainText(frame.frame) || hasSeveralValues(frame) || hasMarkOnly(frame);
+    return isPlainText(frame.frame) || hasSeveralValues(frame) || hasZeroInLanguage(frame) || hasMarkOnly(frame);
 }
 
 ByteArray ownFrame(const WantedFrame& wanted) {

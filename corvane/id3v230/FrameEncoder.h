@@ -10,6 +10,7 @@
 
 #include "corvane/id3v230/FrameVariant.h"
 #include "corvane/id3v230/ID3_FrameID.h"
+#include "corvane/id3v230/SyncedLyrics.h"
 #include "corvane/platform/Bytes.h"
 
 #include <cstdint>
@@ -27,9 +28,13 @@ struct FrameToWrite {
     FrameVariant value; // never an empty text: such frames are left out by the caller
     // A description or language of a frame that has no field for it is told to the user in a message box and left out.
     std::string description;
-    std::string language; // where the frame has one: three characters, "" for "eng"; any other text is written as "XXX"
+    // Where the frame has one: three characters, "" for "eng"; any other text is written as "XXX". Zeros at the end of
+    // the three are written as they are, for frames that were found like that.
+    std::string language;
     std::shared_ptr<Picture> picture; // APIC only
     std::uint8_t pictureType = 3;     // APIC only
+    SyncedLyrics lyricsBefore;        // SYLT only: what the frame held, whose times are kept where the lines stay
+    std::uint8_t contentType = 1;     // SYLT only
 };
 
 // The frames, each with its header, in the order given. A failure is an EncodingFailure, whose number is one of

@@ -96,7 +96,10 @@ std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
     return *now.picture;
 }
 
+// Hosts write back all that they have read: the picture that is there already is no change of its frame.
 void ID3V230Frame::Picture(std::shared_ptr<corvane::Picture> value) {
+    const Content& before = content();
+    if (value && before.picture == value && !before.pictureBytes) return;
     Content& now = changed();
     now.picture = std::move(value);
     now.pictureWasSet = true;

@@ -1,7 +1,9 @@
 #include "corvane/id3v230/RecordsToWrite.h"
 
+#include "corvane/id3v230/FrameFields.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvane {
@@ -40,12 +42,48 @@ bool isAsRead(const ID3V230Frame& record) {
            valueText(now.language) == read.language;
 }
 
+// Whether the record says what its frame says but for the double quotes.
+bool isOnlyCleaned(const ID3V230Frame& record) {
+    const FrameSource* source = Record::source(record);
+    const auto& now = Record::content(record);
+    if (source == nullptr || static_cast<std::int16_t>(source->number()) != record.eType()) return false;
+    const FrameContent read = source->content().value_or(FrameContent());
+    return valueText(now.value) == withApostrophes(valueText(read.value)) &&
+           now.description == withApostrophes(read.description) && valueText(now.language) == read.language;
+}
+
+// Whether a frame of its value could not be made. Such a frame may stand in a tag all the same.
+bool cannotBeMade(const ID3V230Frame& record) {
+    return hasNoValue(Record::content(record).value) ||
+           record.eType() == static_cast<std::int16_t>(ID3_FrameID::ID3FID_LINKEDINFO);
+}
+
 // Whether the record's frame never had a value that could be changed, such as that of a private frame.
 bool hasForeignValue(const ID3V230Frame& record) {
     const FrameSource* source = Record::source(record);
     if (source == nullptr || !std::holds_alternative<NoValue>(Record::content(record).value)) return false;
     const auto read = source->content();
     return !read || std::holds_alternative<NoValue>(read->value);
+}
+
+bool hasLanguageBytes(const FrameContent& content) {
+    return std::any_of(content.fields.begin(), content.fields.end(), [](const ID3V230Field& field) {
+        return field.FieldID == ID3_FieldID::ID3FN_LANGUAGE && field.NumTextItems > 0;
+    });
+}
+
+// What the record's frame says beside the record's own values stays: the zeros behind a language that nobody has set
+// anew, and what kind of lyrics they are, and when.
+void keepRestOf(const ID3V230Frame& record, FrameToWrite& frame) {
+    constexpr std::size_t kLanguageSize = 3;
+    if (!hasField(frame.frame, ID3_FieldID::ID3FN_LANGUAGE)) return;
+    const FrameSource* source = Record::source(record);
+    auto read = source != nullptr && source->number() == frame.frame ? source->content() : std::nullopt;
+    if (!read) return;
+    if (frame.language == read->language && hasLanguageBytes(*read)) frame.language.resize(kLanguageSize, '\0');
+    if (frame.frame != ID3_FrameID::ID3FID_SYNCEDLYRICS) return;
+    frame.lyricsBefore = std::move(read->lyrics);
+    frame.contentType = read->contentType;
 }
 
 FrameToWrite frameOf(const ID3V230Frame& record, std::shared_ptr<Picture> picture) {
@@ -57,6 +95,7 @@ FrameToWrite frameOf(const ID3V230Frame& record, std::shared_ptr<Picture> pictur
     frame.language = valueText(now.language);
     frame.picture = std::move(picture);
     frame.pictureType = now.pictureHead.type;
+    keepRestOf(record, frame);
     return frame;
 }
 
@@ -74,6 +113,7 @@ std::optional<RecordToWrite> toWrite(const std::shared_ptr<ID3V230Frame>& record
     if (isAsRead(*record)) return RecordToWrite{record, std::nullopt};
     if (isPicture(*record)) return changedPicture(record);
     if (hasForeignValue(*record)) return RecordToWrite{record, std::nullopt};
+    if (cannotBeMade(*record) && isOnlyCleaned(*record)) return RecordToWrite{record, std::nullopt};
     if (hasNoValue(Record::content(*record).value)) return std::nullopt;
     return RecordToWrite{record, frameOf(*record, nullptr)};
 }

@@ -1,9 +1,12 @@
 #include "corvane/id3v230/SyncedLyrics.h"
 
+#include "corvane/id3v230/FrameRecordContent.h"
 #include "corvane/id3v230/FrameTextEncoding.h"
 #include "corvane/id3v230/MillisecondText.h"
 #include "corvane/platform/Numbers.h"
 
+#include <algorithm>
+#include <map>
 #include <utility>
 
 namespace corvane {
@@ -61,6 +64,21 @@ std::optional<TimedLine> parseLine(std::string_view line) {
     return TimedLine{TimeStampFormat::MpegFrames, {*frames, std::string(text)}};
 }
 
+SyncedLyrics withApostrophes(SyncedLyrics lyrics) {
+    for (SyncedLyrics::Entry& entry : lyrics.entries) replaceQuotes(entry.text);
+    return lyrics;
+}
+
+// By what a line shows of it; the first one last.
+std::map<std::uint32_t, std::vector<std::uint32_t>> timesByTenth(const SyncedLyrics& lyrics) {
+    constexpr std::uint32_t kTenth = 100; // milliseconds
+    std::map<std::uint32_t, std::vector<std::uint32_t>> times;
+    for (const SyncedLyrics::Entry& entry : lyrics.entries)
+        times[entry.time - entry.time % kTenth].push_back(entry.time);
+    for (auto& tenth : times) std::reverse(tenth.second.begin(), tenth.second.end());
+    return times;
+}
+
 } // namespace
 
 SyncedLyrics takeSyncedLyrics(TimeStampFormat format, EncodedTextReader& text, ByteReader& data) {
@@ -114,6 +132,23 @@ std::optional<SyncedLyrics> parseSyncedLyrics(std::string_view text) {
         lyrics.entries.push_back(std::move(timed->entry));
     }
     return lyrics;
+}
+
+void keepTimes(SyncedLyrics& lyrics, const SyncedLyrics& before) {
+    SyncedLyrics same = withApostrophes(before);
+    if (textOfSyncedLyrics(lyrics) == textOfSyncedLyrics(same)) {
+        lyrics = std::move(same);
+        return;
+    }
+    if (lyrics.format != TimeStampFormat::Milliseconds || before.format != lyrics.format) return;
+    auto times = timesByTenth(before);
+    for (SyncedLyrics::Entry& entry : lyrics.entries) {
+        const auto found = times.find(entry.time);
+        if (found == times.end()) continue;
+        entry.time = found->second.back();
+        // The last one is for all lines that follow: an entry may have several.
+        if (found->second.size() > 1) found->second.pop_back();
+    }
 }
 
 } // namespace corvane

@@ -44,4 +44,8 @@ std::string textOfSyncedLyrics(const SyncedLyrics& lyrics);
 // differ in what they count.
 std::optional<SyncedLyrics> parseSyncedLyrics(std::string_view text);
 
+// Gives lines that say the same time as an entry of `before`, to the tenth that they show, the time of that entry. The
+// text of all of them gives back `before` itself, with its line breaks.
+void keepTimes(SyncedLyrics& lyrics, const SyncedLyrics& before);
+
 } // namespace corvane

@@ -19,7 +19,6 @@ namespace {
 using enum ID3_FieldID;
 
 constexpr std::string_view kOwnLanguage = "eng", kUnknownLanguage = "XXX"; // ID3v2.3.0 section 4.11
-constexpr std::uint32_t kLyrics = 1;                                       // content type of SYLT
 
 EncodingFailure refusal(const WantedFrame& frame, const std::string& reason) {
     return {Id3libError::BadData, std::string(frame.letters) + ": " + reason};
@@ -35,18 +34,22 @@ std::string_view lettersOf(ID3_FrameID frame) {
     return letters;
 }
 
-std::string settledLanguage(const std::string& language) {
-    if (language.empty()) return std::string(kOwnLanguage);
+std::string withoutZerosAtTheEnd(std::string text) {
+    text.erase(text.find_last_not_of('\0') + 1);
+    return text;
+}
+
+std::string settledLanguage(const std::string& given) {
+    if (given.empty()) return std::string(kOwnLanguage);
+    const std::string language = withoutZerosAtTheEnd(given);
     const bool isPlain = isUtf8(language) && encodingFor(language) == TextEncoding::CodePage &&
                          std::none_of(language.begin(), language.end(),
                                       [](char character) { return character >= 0 && character < ' '; });
-    return isPlain && characterCount(language) == 3 ? language : std::string(kUnknownLanguage);
+    return isPlain && characterCount(given) == 3 ? given : std::string(kUnknownLanguage);
 }
 
 std::string settledText(const FrameToWrite& frame) {
-    std::string text = repairedUtf8(fieldText(frame.value));
-    text.erase(text.find_last_not_of('\0') + 1);
-    return text;
+    return withoutZerosAtTheEnd(repairedUtf8(fieldText(frame.value)));
 }
 
 void settlePicture(WantedFrame& wanted, const FrameToWrite& frame) {
@@ -61,12 +64,14 @@ void settleCount(WantedFrame& wanted) {
     wanted.count = static_cast<std::uint32_t>(*count);
 }
 
-void settleLyrics(WantedFrame& wanted) {
+void settleLyrics(WantedFrame& wanted, const FrameToWrite& frame) {
     auto lyrics = parseSyncedLyrics(wanted.text);
     if (!lyrics || lyrics->entries.empty()) {
         throw refusal(wanted, "Each line must begin with its time, as in \"[01:23.4] line\".");
     }
+    keepTimes(*lyrics, frame.lyricsBefore);
     wanted.lyrics = std::move(*lyrics);
+    wanted.contentType = frame.contentType;
 }
 
 void settleValue(WantedFrame& wanted, const FrameToWrite& frame) {
@@ -78,7 +83,7 @@ void settleValue(WantedFrame& wanted, const FrameToWrite& frame) {
     if (!mayHaveZeros && wanted.text.find('\0') != std::string::npos) throw refusal(wanted, "The value has a zero.");
     if (value == ID3FN_URL) wanted.text = escapedUrl(wanted.text);
     if (wanted.frame == ID3_FrameID::ID3FID_PLAYCOUNTER) settleCount(wanted);
-    if (wanted.frame == ID3_FrameID::ID3FID_SYNCEDLYRICS) settleLyrics(wanted);
+    if (wanted.frame == ID3_FrameID::ID3FID_SYNCEDLYRICS) settleLyrics(wanted, frame);
 }
 
 // What is in the frame beside the value would be lost.
@@ -102,7 +107,7 @@ void writePicture(FieldWriter& fields, const WantedFrame& frame) {
 
 void writeLyrics(FieldWriter& fields, const WantedFrame& frame) {
     fields.setNumber(ID3FN_TIMESTAMPFORMAT, static_cast<std::uint32_t>(frame.lyrics.format));
-    fields.setNumber(ID3FN_CONTENTTYPE, kLyrics);
+    fields.setNumber(ID3FN_CONTENTTYPE, frame.contentType);
     fields.setBytes(ID3FN_DATA, syncedLyricsData(frame.lyrics, frame.encoding));
 }
 
@@ -163,7 +168,8 @@ void writeFields(FieldWriter& fields, const WantedFrame& frame) {
 bool says(Bytes payload, const WantedFrame& frame) {
     const FrameContent content = contentOfFrame(frame.frame, payload);
     const bool describes = !hasField(frame.frame, ID3FN_DESCRIPTION) || content.description == frame.description;
-    const bool speaks = !hasField(frame.frame, ID3FN_LANGUAGE) || content.language == frame.language;
+    const bool speaks =
+        !hasField(frame.frame, ID3FN_LANGUAGE) || content.language == withoutZerosAtTheEnd(frame.language);
     return describes && speaks && valueIs(content, payload, frame);
 }
 

@@ -20,10 +20,11 @@ struct WantedFrame {
     std::string_view letters; // of its ID
     TextEncoding encoding = TextEncoding::CodePage;
     std::string description;
-    std::string language;
-    std::string text; // the value of all frames but those that follow
+    std::string language; // three characters, of which those at the end may be zeros
+    std::string text;     // the value of all frames but those that follow
     std::uint32_t count = 0;
     SyncedLyrics lyrics;
+    std::uint8_t contentType = 1;
     std::shared_ptr<Picture> picture;
     std::uint8_t pictureType = 3;
 };

@@ -3,6 +3,7 @@
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 
 #include "tests/id3v230/TagOnFile.h"
+#include "tests/support/ByteBuilder.h"
 #include "tests/support/ImageBuilder.h"
 
 #include <gtest/gtest.h>
@@ -144,6 +145,104 @@ TEST(ID3V230Frame, ARecordLivesOnWhenItsTagIsGone) {
         record = file.tag.Frames()->Item(1);
     }
     EXPECT_EQ(record->vValue(), FrameVariant("a title"));
+}
+
+// The frame at a place, from 1, with its header, as it stands in the file once the tag was saved.
+ByteArray savedFrame(TagOnFile& song, std::size_t place) {
+    EXPECT_TRUE(Internals<ID3V230>::SaveTag(song.tag)) << Internals<ID3V230>::lastFailure(song.tag)->description;
+    song.read();
+    const auto& image = *Internals<ID3V230>::image(song.tag);
+    return place <= image.frames().size() ? image.bytes(image.frames()[place - 1]) : ByteArray();
+}
+
+ByteArray frameOf(std::string_view id, Bytes data) { return Id3v2Builder(3).frame(id, data).body(); }
+
+TEST(ID3V230Frame, ThePictureThatItHasAlreadyIsNoChange) {
+    const ByteArray data = test::pictureFrame(test::pngImage(3, 2), "image/PNG", "", test::Encoding::Utf16);
+    TagOnFile song(Id3v2Builder(3).text("TIT2", "x").frame("APIC", data));
+    song.tag.Picture(song.tag.Picture());
+    song.record(2).vValue(song.record(2).vValue());
+    song.tag.Title("another");
+    EXPECT_FALSE(song.record(2).bChanged());
+    EXPECT_EQ(savedFrame(song, 2), frameOf("APIC", data));
+}
+
+TEST(ID3V230Frame, APictureTakenOutAndGivenBackIsThere) {
+    TagOnFile song(Id3v2Builder(3).text("TIT2", "x").frame("APIC", test::pictureFrame(test::pngImage(3, 2))));
+    const auto picture = song.tag.Picture();
+    song.tag.Picture(nullptr);
+    song.tag.Picture(picture);
+    EXPECT_EQ(savedFrame(song, 2), frameOf("APIC", test::pictureFrame(test::pngImage(3, 2))));
+}
+
+TEST(ID3V230Frame, OfWhichOnlyQuotesDifferIsNeverLost) {
+    const std::pair<const char*, ByteArray> frames[] = {
+        {"LINK", test::bytesOf(std::string_view("TIT2http://a/\0the \"c\"", 21))},
+        {"WXXX", test::userUrlFrame("the \"description\"", "")},
+        {"TXXX", test::userTextFrame("the \"description\"", "")},
+        {"COMM", test::commentFrame("the \"description\"", "")},
+        {"SYLT", test::syncedLyricsFrame("the \"description\"", {})},
+        {"APIC", test::pictureFrame(test::bytesOf("no image"), "-->", "the \"description\"")},
+        {"GEOB", test::bytesOf(std::string_view("\0a\0\"b\"\0\"c\"\0d", 12))},
+    };
+    for (const auto& [id, data] : frames) {
+        TagOnFile song(Id3v2Builder(3).text("TIT2", "x").frame(id, data));
+        song.tag.Title("another");
+        EXPECT_EQ(savedFrame(song, 2), frameOf(id, data)) << id;
+    }
+}
+
+TEST(ID3V230Frame, KeepsTheLanguageBytesThatItHasHoweverFewAreLetters) {
+    for (const std::string_view language : {std::string_view("\0\0\0", 3), std::string_view("de\0", 3)}) {
+        TagOnFile song(Id3v2Builder(3)
+                           .frame("COMM", test::commentFrame("", "old", test::Encoding::CodePage, language))
+                           .frame("COMM", test::commentFrame("", "its \"own\"", test::Encoding::CodePage, "eng"))
+                           .frame("USLT", test::commentFrame("", "\"a\"", test::Encoding::Utf16, language)));
+        song.tag.Comments("new");
+        EXPECT_EQ(savedFrame(song, 1),
+                  frameOf("COMM", test::commentFrame("", "new", test::Encoding::CodePage, language)));
+        EXPECT_EQ(savedFrame(song, 2), frameOf("COMM", test::commentFrame("", "its 'own'")));
+        EXPECT_EQ(savedFrame(song, 3),
+                  frameOf("USLT", test::commentFrame("", "'a'", test::Encoding::CodePage, language)));
+        song.tag.Comments("\u65E5\u672C");
+        EXPECT_EQ(savedFrame(song, 1),
+                  frameOf("COMM", test::commentFrame("", "\u65E5\u672C", test::Encoding::Utf16, language)));
+    }
+}
+
+TEST(ID3V230Frame, WhoseDataEndBeforeTheLanguageIsGivenOne) {
+    TagOnFile song(Id3v2Builder(3).text("TIT2", "x").frame("COMM", test::bytesOf(std::string_view("\0e", 2))));
+    song.tag.Comments("new");
+    EXPECT_EQ(savedFrame(song, 2), frameOf("COMM", test::commentFrame("", "new")));
+}
+
+// Times to the millisecond, an entry that begins with a line break, and a content type of its own.
+ByteArray karaoke(std::string_view second) {
+    return test::ByteBuilder()
+        .bytes(test::bytesOf(std::string_view("\0eng\2\3\0", 7)))
+        .bytes(test::bytesOf(std::string_view("\none\0\0\0\4\xD7", 9)))
+        .text(second)
+        .bytes(test::bytesOf(std::string_view("\0\0\0\4\xDD", 5)))
+        .bytes(test::bytesOf(std::string_view("two\nlines\0\0\0\x0B\xB9", 14)))
+        .done();
+}
+
+TEST(ID3V230Frame, OfSyncedLyricsKeepsTheTimesOfLinesThatStay) {
+    TagOnFile song(Id3v2Builder(3).frame("SYLT", karaoke("a \"b\"")).text("TIT2", "x"));
+    song.tag.Title("another");
+    EXPECT_EQ(savedFrame(song, 1), frameOf("SYLT", karaoke("a 'b'"))) << "only the quotes";
+    EXPECT_EQ(song.tag.LyricsSynced(), "[00:01.2] one\n[00:01.2] a 'b'\n[00:03.0] two\n[00:03.0] lines");
+    song.tag.LyricsSynced("[00:00.5] new\n[00:01.2] one\n[00:01.2] b\n[00:03.0] two\n[00:03.0] lines");
+    const auto lyrics = [&] {
+        return test::bytesOf(std::string_view("\0eng\2\3\0"
+                                              "new\0\0\0\1\xF4"
+                                              "one\0\0\0\4\xD7"
+                                              "b\0\0\0\4\xDD"
+                                              "two\0\0\0\x0B\xB9"
+                                              "lines\0\0\0\x0B\xB9",
+                                              7 + 8 + 8 + 6 + 8 + 10));
+    };
+    EXPECT_EQ(savedFrame(song, 1), frameOf("SYLT", lyrics()));
 }
 
 } // namespace

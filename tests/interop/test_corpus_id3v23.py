@@ -19,8 +19,8 @@ TITLE = "Corvane – 日本語"
 
 
 def saved_texts(snapshot):
-    """Texts of all frames but the title, as a save leaves them: without double quotes, and then with a language."""
-    return {key.replace('"', "'").replace("\0\0\0", "eng"): str(frame).replace('"', "'")
+    """Texts of all frames but the title, as a save leaves them: without double quotes."""
+    return {key.replace('"', "'"): str(frame).replace('"', "'")
             for key, frame in snapshot.peer.items() if key != "TIT2"}
 
 
