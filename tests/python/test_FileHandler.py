@@ -68,6 +68,24 @@ def test_a_message_with_a_name_that_is_no_text_can_be_read(tmp_path):
     assert isinstance(handler.LastError.Stream(), str)
 
 
+def test_a_file_without_audio_opens_and_the_record_tells_of_the_last_thing_that_it_lacks(open_mp3):
+    assert open_mp3(bytes(500)).LastError.Stream() == "0, Read Tag, The file contains no tag."
+    assert ", LoadHeaderEx, " in open_mp3(bytes(500) + RECORD).LastError.Stream()
+
+
+def test_a_file_of_two_gigabytes_has_its_size_in_the_file_system_only(tmp_path):
+    path = tmp_path / "huge.mp3"
+    with open(path, "wb") as file:
+        file.write(AUDIO)
+        file.truncate(2**31)
+    handler = corvane.FileHandler()
+    assert handler.Create(path)
+    assert (handler.Size, handler.MPEGHeader.FileSize, handler.File().Size) == (0, 0, 2**31)
+    os.truncate(path, 2**31 - 1)
+    assert handler.Create(path)
+    assert (handler.Size, handler.MPEGHeader.BitRate) == (2**31 - 1, 128)
+
+
 def test_a_record_is_appended_replaced_and_removed(write):
     path = write(AUDIO)
     handler = corvane.FileHandler()

@@ -120,6 +120,33 @@ def test_members_are_the_same_and_as_writable(name):
         assert stub[member] == runtime[member], member
 
 
+def members_in_header(name):
+    """The public members of a class of the library."""
+    header, = Path(os.environ["CORVANE_SOURCE"], "corvane").glob(f"*/{name}.h") if name not in HEADERS else HEADERS[name]
+    source = re.sub(r"//.*", "", header.read_text(encoding="utf-8"))
+    body = re.search(rf"^(?:class|struct) (?:CORVANE_EXPORT )?{name}\b[^;{{]*{{(.*?)^}};", source, re.M | re.S)[1]
+    body = re.sub(r"^private:.*", "", body, flags=re.M | re.S)
+    names = set(re.findall(r"^    (?:virtual |static |inline )*(?!using|return|friend)[\w:<>,]+[\w:<>, ]*[ &*]+(\w+)\(", body, re.M))
+    names |= set(re.findall(r"^    (?!class )[\w:]+ (\w+)(?: = \S+)?;", body, re.M))
+    return names - {name}
+
+
+FIXTURE = [Path(os.environ["CORVANE_SOURCE"], "corvane/selftest/ITestFixture.h")]
+HEADERS = {"ITestFixture": FIXTURE, "ITestManager": FIXTURE}
+OTHERWISE = {"begin": "__iter__", "end": "__iter__"}
+
+
+@pytest.mark.parametrize("name", BOUND)
+def test_has_every_member_of_the_librarys_class_and_no_other(name):
+    cls = getattr(corvane, name)
+    members = {OTHERWISE.get(member, member) for member in members_in_header(name)}
+    inherited = public(vars(corvane.ITestFixture)) if name == "TestFixture" else set()
+    found = public(vars(cls)) | inherited
+    assert found - {"xml_element", "__len__", "__getitem__"} == members
+    assert ("xml_element" in found) == ("xml" in members)
+    assert ({"__len__", "__getitem__"} <= found) == ("__iter__" in members)
+
+
 @pytest.mark.parametrize("name", BOUND)
 def test_only_what_the_stub_lets_make_can_be_made(name):
     if "__init__" in stub_members(name) or name == "ITestManager":
