@@ -60,6 +60,10 @@ TEST(FrameText, TextFramesInTheCodePage) {
     EXPECT_EQ(text("TXXX", textFrame("a")), "a");
 }
 
+TEST(FrameText, ThatOfAUserTextHoldsItsDescriptionOnPurpose) {
+    EXPECT_EQ(text("TXXX", userTextFrame("d", "t")), std::string("d\0t", 3));
+}
+
 TEST(FrameText, ATrailingZeroStaysInCodePageText) {
     EXPECT_EQ(text("TIT2", bytesOf(std::string_view("\0ab\0", 4))), std::string("ab\0", 3));
 }
