@@ -22,7 +22,10 @@ void commonTexts(Class<T>& tag) {
     fileText(tag, "Year", &T::Year, &T::Year,
              "TYER. Writing raises Error: 13 when the text is no number, 6 when it does not fit 16 bits.");
     fileText(tag, "LyricsUnsynced", &T::LyricsUnsynced, &T::LyricsUnsynced, "USLT.");
-    fileText(tag, "LyricsSynced", &T::LyricsSynced, &T::LyricsSynced, "SYLT, in lines \"[mm:ss.f] text\".");
+    fileText(
+        tag, "LyricsSynced", &T::LyricsSynced, &T::LyricsSynced,
+        "SYLT, in lines \"[mm:ss.f] text\"; of a tag that cannot be changed all that stands behind the description, "
+        "the bytes of the times too.");
     fileText(tag, "UserURL", &T::UserURL, &T::UserURL, "WXXX; \"\" of a tag that cannot be changed.");
     fileText(tag, "Comment", &T::Comment, &T::Comment, "COMM.");
     fileText(tag, "Composer", &T::Composer, &T::Composer, "TCOM.");

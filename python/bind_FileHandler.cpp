@@ -16,13 +16,15 @@ void bindOpening(Class<Handler>& handler) {
             "Create", [](Handler& object, const FileName& name) { return object.Create(name.bytes); }, "FileName"_a,
             FileWork(),
             "Opens and analyses a file (str, bytes or os.PathLike). False, with LastError, when it cannot be read or "
-            "is a ZIP archive. A file without an MPEG frame header is no failure, but LastError tells of it. Meant to "
-            "be called once per object.")
+            "is a ZIP archive. A file without an MPEG frame header is no failure: LastError tells of it, unless the "
+            "file has no ID3v1 record either, of which it tells then. Meant to be called once per object.")
         .def_property_readonly(
             "FileName", [](const Handler& object) { return corvane::python::FileName{object.FileName()}; },
             "The name that was given to Create.")
         .def_property_readonly("FileType", &Handler::FileType, "0 unknown, 1 MP3, 2 ZIP, 3 RAR.")
-        .def_property_readonly("Size", &Handler::Size, "Size of the file in bytes.");
+        .def_property_readonly(
+            "Size", &Handler::Size,
+            "Size of the file in bytes; 0 for one of 2 GB (2**31 bytes) or more, whose size File() tells.");
     text(handler, "FileTypeName", &Handler::FileTypeName, "\"MP3\", \"ZIP\", \"RAR\" or \"Unknown\".");
     lastError(handler);
 }
@@ -89,7 +91,7 @@ void bindFileHandler(py::module_& corvane) {
     bindId3v1(handler);
     bindOtherTags(handler);
     xml(handler, "Everything about the drive, the file and its tags as one XML document. Failures of the file system "
-                 "raise Error and are not recorded.");
+                 "raise Error and are not recorded, and so does ID3v1xTag where it is None (91).");
 }
 
 } // namespace corvane::python

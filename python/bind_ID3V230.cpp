@@ -53,8 +53,9 @@ void bindState(Class<Tag>& tag) {
     tag.def_property(
         "UseTempCopy", [](const Tag& object) { return object.UseTempCopy(); },
         [](Tag& object, bool value) { object.UseTempCopy(value); },
-        "True, as it is from the start: a save gives the file its new content in one step. False: a save that fits "
-        "writes in place, which is faster; a power cut in that moment can leave parts of the old tag and of the new.");
+        "Whether a save by this object gives the file its new content in one step (True, as it is from the start), or "
+        "may write a tag that fits in place. What a host sets has no effect on files: ID3V23Tag and createID3V2Tag "
+        "save through objects of their own, which keep True.");
     tag.def_property_readonly("FramesSize", &Tag::FramesSize,
                               "Bytes of the tag that was read, with its header and padding; 0 without one.");
     tag.def_property_readonly("FrameCount", &Tag::FrameCount,

@@ -93,8 +93,8 @@ void bindID3V230Frame(py::module_& corvane) {
         "Delete", [](Frame& object) { return objectOf(object.Delete()); },
         "Marks the frame to be left out of the tag at the next save. The record stays in its collection.");
     text(frame, "FrameAbbr", &Frame::FrameAbbr,
-         "The four letters of the frame, \"????\" for one that the library does not know.");
-    text(frame, "FrameTitle", &Frame::FrameTitle, "The frame's title in English.");
+         "The four letters of the frame, \"????\" for one that the library does not know; \"\" for a number of none.");
+    text(frame, "FrameTitle", &Frame::FrameTitle, "The frame's title in English; \"\" for a number of none.");
     frame.def(
         "Load", [](Frame& object, Number<std::int32_t> handle) { object.Load(handle.value); }, "FrameHandle"_a,
         FileWork(), "Lists the fields of the frame with this number in the record's tag.");

@@ -43,11 +43,14 @@ void bindSaving(Class<ID3V2Tag>& tag) {
 } // namespace
 
 void bindID3V2Tag(py::module_& corvane) {
-    Class<ID3V2Tag> tag(corvane, "ID3V2Tag",
-                        "The ID3v2 tag at the start of a file, whatever its version; FileHandler gives it. The frames "
-                        "are read when a property first asks for them. Reads forward to the reader of the tag's "
-                        "version. Writes forward to the ID3v2.3 reader and do nothing for other versions; they do not "
-                        "read the tag, so a write before the first read of an ID3v2.3 tag raises Error (91).");
+    Class<ID3V2Tag> tag(
+        corvane, "ID3V2Tag",
+        "The ID3v2 tag at the start of a file, whatever its version; FileHandler gives it. The frames "
+        "are read when a property first asks for them. Reads forward to the reader of the tag's "
+        "version. Writes forward to the ID3v2.3 reader and do nothing for other versions; they do not "
+        "read the tag, so a write before the first read of an ID3v2.3 tag raises Error (91). Properties are "
+        "told by the frames of version 2.3. Version 2.2 has the artist, album, title, genre (as it "
+        "stands), track and year only, version 2.4 has no year: the others are \"\" and None there.");
     tag.def(py::init<>());
     tag.def_property_readonly("Version", &ID3V2Tag::Version, "The version (ID3V2Version), from the tag's header.");
     tag.def_property_readonly("Size", sizeOf, "Bytes of the tag with its 10 header bytes; 0 without a tag.");
@@ -56,8 +59,9 @@ void bindID3V2Tag(py::module_& corvane) {
     pictureAndGenre(tag);
     bindSaving(tag);
     lastError(tag);
-    xml(tag, "The tag as an XML document: version, size and the first frame of each ID. Raises Error when a payload "
-             "that stands in the file can no longer be read.");
+    xml(tag,
+        "The tag as an XML document: version, size and the frames that the reader keeps. Raises Error when a payload "
+        "that stands in the file can no longer be read.");
 }
 
 } // namespace corvane::python

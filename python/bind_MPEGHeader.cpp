@@ -31,7 +31,8 @@ void bindNumbers(Class<MPEGHeader>& header) {
                                "the Xing header says.")
         .def_property_readonly("FrameSize", &Header::FrameSize, "Bytes; an average with VBR.")
         .def_property_readonly("EmphasisID", &Header::EmphasisID, "0 to 3.")
-        .def_property_readonly("FileSize", &Header::FileSize, "Bytes.")
+        .def_property_readonly("FileSize", &Header::FileSize,
+                               "Bytes; 0 for a file of 2 GB (2**31 bytes) or more, whose header is not looked for.")
         .def_property_readonly("NumFrames", &Header::NumFrames,
                                "The Xing header's frame count when it is above 0, else AudioSize / FrameSize; 0 when "
                                "the frame size is 0.");

@@ -19,12 +19,12 @@ constexpr const char* kDoc =
     "jobs: files read at the same time, 1 to 256; by default the number of processors, at most 8. The order stays.\n"
     "onerror: called with the path (str) and the reason (str) of each folder that cannot be read; by default these\n"
     "are warnings (RuntimeWarning).\n\n"
-    "A dictionary has path, title, artist, album, year, track, genre, comment (str; ID3v2 text when there is any, "
-    "else\n"
-    "ID3v1, else \"\"), duration (seconds, -1 when unknown), bitRate (kbit/s, -1 when unknown), frequency (Hz), vbr\n"
-    "(bool) and tags (list of str, such as [\"ID3v2.3.0\", \"ID3v1.1\"]). One of a file that cannot be read has path "
-    "and\n"
-    "error only, and the scan goes on. Pictures are not read. Raises ValueError for another number of jobs.";
+    "A dictionary has path, title, artist, album, year, track, genre, comment (str; ID3v2 text when there is any,\n"
+    "else ID3v1, else \"\"), duration (seconds, -1 when unknown), bitRate (kbit/s, -1 when a VBR file does not tell\n"
+    "it, 0 without audio), frequency (Hz, 0 without audio), vbr (bool) and tags (list of str, such as\n"
+    "[\"ID3v2.3.0\", \"ID3v1.1\"]). One of a file that cannot be read has path and error only, and the scan goes on.\n"
+    "Pictures are not read. Raises ValueError for another number of jobs, TypeError for an onerror that cannot be "
+    "called.";
 
 struct ScannedFile {
     std::string path;

@@ -39,8 +39,8 @@ public:
     FileHandler& operator=(const FileHandler&) = delete;
 
     // Opens and analyses a file, whose name may be any bytes. False, with LastError, when it cannot be read or is a ZIP
-    // archive. A file without an MPEG frame header is no failure, but LastError tells of it with source "LoadHeaderEx".
-    // Meant to be called once per object.
+    // archive. A file without an MPEG frame header is no failure: LastError tells of it (source "LoadHeaderEx"), unless
+    // the file has no ID3v1 record either, of which it tells then. Meant to be called once per object.
     bool Create(const std::string& FileName);
 
     // Always ID3Unknown: the record is read by Create. Only a file that does not exist is recorded.
@@ -77,7 +77,7 @@ public:
     std::int16_t FileType() const { return fileType_; }
     // "MP3", "ZIP", "RAR" or "Unknown".
     std::string FileTypeName() const;
-    // Size of the file in bytes, as the MPEG header object knows it.
+    // Size of the file in bytes, as the MPEG header object knows it: 0 for one of 2 GB (2^31 bytes) or more.
     std::int32_t Size() const;
     // The folder of the file without a drive name and the first separator: "music/rock/" for "/music/rock/a.mp3".
     std::string Path() const;
@@ -89,8 +89,8 @@ public:
     // A new view of the object's error record.
     std::shared_ptr<TagError> LastError() const { return viewOf(error_); }
 
-    // Everything about the drive, the file and its tags as one XML document, UTF-8. Failures of the file system reach
-    // the caller as RuntimeFailure and are not recorded.
+    // Everything about the drive, the file and its tags as one XML document, UTF-8. Failures of the file system, and
+    // ObjectNotSet without an ID3v1 tag object, reach the caller as RuntimeFailure and are not recorded.
     std::string xml();
 
     // Gives a file without an ID3v2 tag a new ID3v2.3 tag with the named values of theTag. False when the file has a

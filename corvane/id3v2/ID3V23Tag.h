@@ -49,7 +49,7 @@ public:
     std::string Title() const; // TIT2
     void Title(std::string_view value);
     std::string GenreID() const; // the text between "(" and ")" at the start of TCON, else all of it
-    std::string Genre() const;   // the text of TCON behind such a part, else all of it
+    std::string Genre() const;   // TCON; of a parsed tag the text behind such a part, if there is one
     void Genre(std::string_view value);
     // Splits TCON, "(17)Rock", into 17 and "Rock"; what the text does not have stays as it is. Always true. Of a parsed
     // tag only a description behind "(...)" is set and never the number: odd on purpose, that is to be had from

@@ -65,7 +65,7 @@ public:
     // A new view of the error record: the tag's own, or that of the reader that has refused to save.
     std::shared_ptr<TagError> LastError() const;
 
-    // The tag as an XML document: version, size and the first frame of each ID. BaseNode, where there is one, is set to
+    // The tag as an XML document: version, size and the frames that the reader keeps. BaseNode, where given, is set to
     // the root element. Fails with a RuntimeFailure when a payload that stands in the file can no longer be read.
     std::string xml(XmlNode* BaseNode = nullptr);
 

@@ -11,7 +11,7 @@ namespace corvane {
 class CORVANE_EXPORT ID3V2Version {
 public:
     std::int16_t Major() const { return 2; }            // always 2
-    std::int16_t Minor() const { return minor_; }       // the header's major version byte: 2, 3 or 4
+    std::int16_t Minor() const { return minor_; }       // the header's major version byte: 2, 3, 4; 0 without tag
     std::int16_t Revision() const { return revision_; } // the header's second version byte
 
 private:

@@ -41,9 +41,9 @@ public:
     std::string ErrorDescription() const { return errorDescription_; }
     void ErrorDescription(std::string value) { errorDescription_ = std::move(value); }
 
-    // True, as it is from the start: a save gives the file its new content in one step, see FileReplacement. False: a
-    // save whose tag fits the old one's space writes those bytes in place, which is faster; a power cut in that moment
-    // can leave a part of the old tag and a part of the new one. The audio is not touched either way.
+    // Whether a save by this object gives the file its new content in one step (true, as it is from the start), or
+    // may write a tag that fits in place. What a host sets has no effect on files: ID3V23Tag and createID3V2Tag save
+    // through objects of their own, which keep true.
     bool UseTempCopy() const { return useTempCopy_; }
     void UseTempCopy(bool value) { useTempCopy_ = value; }
 

@@ -67,9 +67,9 @@ public:
 
     // Marks the frame to be left out of the tag at the next save. The record stays in its collection.
     FrameVariant Delete();
-    // The four letters of the frame, "????" for one that the library does not know.
+    // The four letters of the frame, "????" for one that the library does not know; "" for a number of none.
     std::string FrameAbbr() const;
-    // The frame's title in English.
+    // The frame's title in English; "" for a number of none.
     std::string FrameTitle() const;
     // Lists the fields of the frame with this number in the record's tag, in ascending order; none without such a
     // frame.

@@ -49,11 +49,11 @@ public:
     // The field at a position from 1 to FieldCount, or nothing.
     std::shared_ptr<LyricsV200Field> getFieldByIndex(std::int32_t Index) const;
 
-    // Text of the field "AUT", "EAL", "EAR" or "ETT", or "".
-    std::string Author() const { return textOf("AUT"); }
-    std::string Album() const { return textOf("EAL"); }
-    std::string Artist() const { return textOf("EAR"); }
-    std::string Title() const { return textOf("ETT"); }
+    // The text of the field named here, UTF-8; "" without it.
+    std::string Author() const { return textOf("AUT"); } // "AUT"
+    std::string Album() const { return textOf("EAL"); }  // "EAL"
+    std::string Artist() const { return textOf("EAR"); } // "EAR"
+    std::string Title() const { return textOf("ETT"); }  // "ETT"
 
     // A new view of the object's error record.
     std::shared_ptr<TagError> LastError() const { return viewOf(error_); }

@@ -68,7 +68,7 @@ public:
     std::string Emphasis() const;
     // 0 to 3.
     std::int16_t EmphasisID() const;
-    // Bytes.
+    // Bytes; 0 for a file of 2 GB (2^31 bytes) or more, whose header is not looked for.
     std::int32_t FileSize() const { return fileSize_; }
     // The bit of that name in the header.
     bool PaddingBit() const;

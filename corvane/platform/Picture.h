@@ -20,10 +20,10 @@ public:
 
     // The encoded image. The view is good as long as the picture lives.
     Bytes bytes() const { return bytes_; }
-    // "image/jpeg", "image/png", "image/gif" or "image/bmp".
-    const std::string& mimeType() const { return mimeType_; }
-    std::int32_t width() const { return width_; }   // pixels, at least 1
-    std::int32_t height() const { return height_; } // pixels, at least 1
+    // What the image's header says.
+    const std::string& mimeType() const { return mimeType_; } // "image/jpeg", "image/png", "image/gif" or "image/bmp"
+    std::int32_t width() const { return width_; }             // pixels, at least 1
+    std::int32_t height() const { return height_; }           // pixels, at least 1
     // A number that is never 0 and that no other picture of this process has while the first 2^31 - 1 of them are
     // made. Two pictures with different handles are different objects; their bytes may be equal.
     std::int32_t handle() const { return handle_; }

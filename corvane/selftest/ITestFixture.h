@@ -26,7 +26,7 @@ public:
 
     // Takes the manager and the path of the host's project.
     virtual void Setup(std::shared_ptr<ITestManager> manager, const std::string& vbpPath) = 0;
-    // Runs all steps. Failures are reported to the manager and never raised to it.
+    // Runs all steps. Failures are reported to the manager and never raised; fails (ObjectNotSet) without a manager.
     virtual void RunTest() = 0;
     // Releases the manager.
     virtual void TearDown() = 0;

@@ -15,7 +15,7 @@ namespace corvane {
 
 class CORVANE_EXPORT TestFixture final : public ITestFixture {
 public:
-    // As ITestFixture tells. A failed check or step is told to the manager; nothing is raised.
+    // As ITestFixture tells. A failed check or step is told to the manager and raises nothing.
     void Setup(std::shared_ptr<ITestManager> manager, const std::string& vbpPath) override;
     void RunTest() override;
     void TearDown() override;
