@@ -10,6 +10,7 @@
 #include "apps/cli/Id3v2Edit.h"
 #include "apps/cli/Id3v2Saving.h"
 #include "apps/cli/LibraryFailure.h"
+#include "apps/editor/TagsMerge.h"
 
 #include <array>
 #include <memory>
@@ -116,11 +117,19 @@ void planId3v1(ChangeReport& plan, const std::shared_ptr<FileHandler>& file, con
     }
 }
 
+void refuseConflicts(const FileTags& inFile, const FileTags& wanted, const FileTags& now) {
+    const std::string names = conflictsIn(inFile, wanted, now);
+    if (names.empty()) return;
+    throw FileFailure("Another program has changed this since the file was read: " + names +
+                      ". Nothing is saved; save once more to replace it");
+}
+
 } // namespace
 
 cli::ChangeReport planFor(const std::string& path, const FileTags& inFile, const FileTags& wanted) {
     const auto file = std::make_shared<FileHandler>();
     cli::openFile(*file, path);
+    refuseConflicts(inFile, wanted, tagsOf(*file));
     ChangeReport plan;
     const bool changesV1 = wanted.v1 != inFile.v1;
     // What is taken away is taken from the end first: 128 bytes that are all of a file are no ID3v1 tag.

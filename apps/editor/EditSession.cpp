@@ -1,6 +1,7 @@
 #include "apps/editor/EditSession.h"
 
 #include "apps/editor/EditCommand.h"
+#include "apps/editor/TagsMerge.h"
 
 namespace corvane::editor {
 
@@ -32,11 +33,23 @@ void EditSession::learn(const std::string& path, FileTags tags) {
     files_[path] = {shared, shared};
 }
 
-void EditSession::learnAgain(const std::string& path, FileTags tags) {
-    const auto found = files_.find(path);
-    if (found == files_.end()) return;
-    found->second.inFile = std::make_shared<const FileTags>(std::move(tags));
-    note(path, found->second);
+void EditSession::learnAgain(const std::vector<std::pair<std::string, FileTags>>& tagsNow) {
+    const bool before = hasChanges();
+    std::vector<std::string> paths;
+    for (const auto& [path, tags] : tagsNow) {
+        const auto found = files_.find(path);
+        if (found == files_.end()) continue;
+        File& file = found->second;
+        FileTags merged = rebased(*file.inFile, *file.wanted, tags);
+        file.inFile = std::make_shared<const FileTags>(tags);
+        file.wanted = merged == tags ? file.inFile : std::make_shared<const FileTags>(std::move(merged));
+        note(path, file);
+        paths.push_back(path);
+    }
+    if (paths.empty()) return;
+    undoStack_.clear(); // as in learn
+    Q_EMIT changed(paths);
+    tellDirty(before);
 }
 
 TagsPointer EditSession::inFile(const std::string& path) const {

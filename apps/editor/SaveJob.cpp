@@ -12,6 +12,14 @@ namespace {
 
 constexpr qint64 kTellTime = 40; // milliseconds between two words about the progress
 
+std::optional<FileTags> tagsIfReadable(const std::string& path) {
+    try {
+        return readTags(path);
+    } catch (const std::exception&) {
+        return std::nullopt; // the row says why
+    }
+}
+
 } // namespace
 
 SaveResult saveFile(const FileToSave& file, SaveJob::Mode mode) {
@@ -24,6 +32,7 @@ SaveResult saveFile(const FileToSave& file, SaveJob::Mode mode) {
         result.failure = failure.what();
     }
     if (mode == SaveJob::Mode::Save) result.newRow = readRow(file.path);
+    if (mode == SaveJob::Mode::Save && !result.failure.empty()) result.tags = tagsIfReadable(file.path);
     for (cli::ChangedTag& tag : result.plan.tags) tag.write = nullptr; // what it holds is not needed any more
     return result;
 }

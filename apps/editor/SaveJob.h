@@ -24,7 +24,8 @@ struct SaveResult {
     std::string path;
     std::string failure;           // why it failed; "" when it did not
     cli::ChangeReport plan;        // without the means to carry it out
-    std::optional<FileRow> newRow; // the file as it is now; nothing when nothing was written
+    std::optional<FileRow> newRow; // the file as it is now; nothing when nothing was to be written
+    std::optional<FileTags> tags;  // the same, of a file that failed and can be read
 };
 using SaveResults = QList<SaveResult>;
 

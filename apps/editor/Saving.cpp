@@ -3,7 +3,6 @@
 #include "apps/editor/ChangeDialog.h"
 #include "apps/editor/ChangeTree.h"
 
-#include <exception>
 #include <utility>
 
 namespace corvane::editor {
@@ -45,23 +44,21 @@ void Saving::showPreview() {
 void Saving::takeResults(bool complete) {
     lastReport_ = job_.results();
     std::vector<std::string> done;
+    std::vector<FileTable::Change> clean;
+    std::vector<std::pair<std::string, FileTags>> failed;
     FileRows rows;
     for (const SaveResult& result : std::as_const(lastReport_)) {
         if (result.newRow) rows.push_back(*result.newRow);
         if (result.failure.empty()) {
             done.push_back(result.path);
-            continue;
-        }
-        try {
-            session_.learnAgain(result.path, readTags(result.path));
-        } catch (const std::exception&) {
-            continue; // the report says so already
+            clean.push_back({result.path, std::nullopt});
+        } else if (result.tags) {
+            failed.emplace_back(result.path, *result.tags);
         }
     }
-    std::vector<FileTable::Change> clean;
-    for (const std::string& path : done) clean.push_back({path, std::nullopt});
-    table_.showChanges(clean);
     table_.update(rows);
+    table_.showChanges(clean);
+    session_.learnAgain(failed);
     session_.forget(done);
     const SaveCounts counts = countsOf(lastReport_);
     Q_EMIT saved(complete && counts.failed == 0, summaryOf(lastReport_, SaveJob::Mode::Save));

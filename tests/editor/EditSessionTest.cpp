@@ -136,10 +136,49 @@ private Q_SLOTS:
         EditSession session;
         session.learn("a", tags("Old"));
         session.edit("edit", {{"a", tags("New")}});
-        session.learnAgain("a", tags("Between"));
+        session.learnAgain({{"a", tags("Between")}});
         QVERIFY(session.isChanged("a"));
-        session.learnAgain("a", tags("New"));
+        QSignalSpy dirty(&session, &EditSession::dirtyChanged), changed(&session, &EditSession::changed);
+        session.learnAgain({{"a", tags("New")}, {"unknown", tags("New")}});
         QVERIFY(!session.isChanged("a"));
+        QCOMPARE(dirty.count(), 1);
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void SomebodyElsesValuesAreNotWantedOtherwise() {
+        EditSession session;
+        session.learn("a", tags("Old"));
+        session.edit("edit", {{"a", tags("New")}});
+        FileTags theirs = tags("Old");
+        theirs.v2[Field::Artist] = "Theirs";
+        theirs.v1.present = true;
+        theirs.v1[Field::Title] = "Theirs";
+        session.learnAgain({{"a", theirs}});
+        FileTags expected = theirs;
+        expected.v2[Field::Title] = "New";
+        QCOMPARE(*session.wanted("a"), expected);
+        QVERIFY(!session.undoStack().canUndo());
+    }
+
+    void EditOfATagThatSomebodyElseRemovesStaysWanted() {
+        EditSession session;
+        FileTags old = tags("Old");
+        old.v2[Field::Artist] = "Artist";
+        session.learn("a", old);
+        FileTags edited = old;
+        edited.v2[Field::Title] = "New";
+        session.edit("edit", {{"a", edited}});
+        session.learnAgain({{"a", FileTags()}});
+        QCOMPARE(*session.wanted("a"), tags("New"));
+    }
+
+    void RemovalStaysWanted() {
+        EditSession session;
+        session.learn("a", tags("Old"));
+        session.edit("edit", {{"a", FileTags()}});
+        session.learnAgain({{"a", tags("Theirs")}});
+        QVERIFY(session.isChanged("a"));
+        QVERIFY(!session.wanted("a")->v2.present);
     }
 };
 

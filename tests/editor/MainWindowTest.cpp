@@ -204,6 +204,33 @@ private Q_SLOTS:
         QVERIFY(!changed.window->isWindowModified());
     }
 
+    void SaveThatFailedTakesNothingOfSomebodyElsesBackLater() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        const auto save = [&](Field field, const char* text) {
+            const FileTags tags = readTags(changed.file.path());
+            FileTags wanted = tags;
+            wanted.v2[field] = text;
+            const auto shared = [](const FileTags& values) { return std::make_shared<const FileTags>(values); };
+            return saveFile({changed.file.path(), shared(tags), shared(wanted)}, SaveJob::Mode::Save).failure;
+        };
+        QCOMPARE(save(Field::Title, "Theirs"), std::string());
+        QCOMPARE(save(Field::Artist, "Theirs"), std::string());
+        changed.window.action("save").trigger();
+        QVERIFY(changed.window.waitForDialog("report") != nullptr);
+        QCOMPARE(changed.title(), std::string("Theirs"));
+        QVERIFY(changed.window->isWindowModified());
+        QCOMPARE(changed.window.cell(0, FileTable::Title), QStringLiteral("New"));
+        QCOMPARE(changed.window.cell(0, FileTable::Artist), QStringLiteral("Theirs"));
+        QCOMPARE(changed.window.field("txtArtist").text(), QStringLiteral("Theirs"));
+        changed.window.action("save").trigger();
+        QVERIFY(changed.window.waitForSave());
+        QCOMPARE(changed.title(), std::string("New"));
+        QCOMPARE(readTags(changed.file.path()).v2[Field::Artist], std::string("Theirs"));
+        QVERIFY(!changed.window->isWindowModified());
+        QVERIFY(changed.file.audioIsUntouched());
+    }
+
     void ClosingWithChangesAsksAndCanBeCancelled() {
         ChangedFile changed;
         QVERIFY(changed.open());

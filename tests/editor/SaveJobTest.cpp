@@ -16,6 +16,9 @@ using namespace corvane::editor;
 using namespace corvane::test;
 using Mode = SaveJob::Mode;
 
+using ToolOfTest = std::function<FileTags(FileTags)>;
+Q_DECLARE_METATYPE(ToolOfTest)
+
 namespace {
 
 FileToSave toSave(const std::string& path, const std::function<FileTags(FileTags)>& tool) {
@@ -145,6 +148,71 @@ private Q_SLOTS:
         const SaveResult result = saveFile(titled(file.path(), std::string(40, 'x')), Mode::Preview);
         QCOMPARE(result.plan.warnings.size(), std::size_t{1});
         QCOMPARE(summaryOf({result}, Mode::Preview), QStringLiteral("Files that will change: 1, with warnings: 1."));
+    }
+
+    void ValueThatSomebodyElseHasChangedSinceIsNotOverwrittenUnseen_data() {
+        QTest::addColumn<ToolOfTest>("mine");
+        QTest::addColumn<ToolOfTest>("theirs");
+        QTest::addColumn<QString>("names"); // in the failure; "" for a save that succeeds
+        const auto v2 = [](Field field, const char* text) {
+            return [=](FileTags tags) {
+                tags.v2[field] = text;
+                return tags;
+            };
+        };
+        const auto v1 = [](const char* text) {
+            return [=](FileTags tags) {
+                tags.v1[Field::Title] = text;
+                return tags;
+            };
+        };
+        const auto title = [&](const char* text) { return v2(Field::Title, text); };
+        QTest::newRow("same field") << ToolOfTest(title("Mine")) << ToolOfTest(title("Theirs")) << "ID3v2 title";
+        QTest::newRow("same value") << ToolOfTest(title("Same")) << ToolOfTest(title("Same")) << "";
+        QTest::newRow("other field") << ToolOfTest(title("Mine")) << ToolOfTest(v2(Field::Album, "Theirs")) << "";
+        QTest::newRow("other tag") << ToolOfTest(title("Mine")) << ToolOfTest(v1("Theirs")) << "";
+        QTest::newRow("record") << ToolOfTest(v1("Mine")) << ToolOfTest(v1("Theirs")) << "ID3v1 title";
+        QTest::newRow("removal") << ToolOfTest(withoutV2) << ToolOfTest(title("Theirs")) << "ID3v2 tag";
+        QTest::newRow("both remove") << ToolOfTest(withoutV2) << ToolOfTest(withoutV2) << "";
+        QTest::newRow("removed by them") << ToolOfTest(title("Mine")) << ToolOfTest(withoutV2) << "ID3v2 title";
+    }
+    void ValueThatSomebodyElseHasChangedSinceIsNotOverwrittenUnseen() {
+        QFETCH(ToolOfTest, mine);
+        QFETCH(ToolOfTest, theirs);
+        QFETCH(QString, names);
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        const FileToSave save = toSave(file.path(), mine);
+        QCOMPARE(saveFile(toSave(file.path(), theirs), Mode::Save).failure, std::string());
+        const auto before = file.content();
+        const SaveResult result = saveFile(save, Mode::Save);
+        if (names.isEmpty()) {
+            QCOMPARE(result.failure, std::string());
+            FileTags expected = theirs(*save.wanted);
+            if (!expected.v2.present) expected.v2 = {};
+            QCOMPARE(readTags(file.path()), expected);
+            return;
+        }
+        QVERIFY2(result.failure.find(" read: " + names.toStdString() + ". ") != std::string::npos,
+                 result.failure.c_str());
+        QCOMPARE(file.content(), before);
+        QCOMPARE(*result.tags, readTags(file.path()));
+    }
+
+    void RecordThatSomebodyElseHasAddedSinceIsNotEmptied() {
+        const ScratchFolder folder;
+        const Mp3File file = plainFile(folder, "a.mp3");
+        const auto record = [](Field field) {
+            return [field](FileTags tags) {
+                tags.v1.present = true;
+                tags.v1[field] = "Text";
+                return tags;
+            };
+        };
+        const FileToSave save = toSave(file.path(), record(Field::Title));
+        QCOMPARE(saveFile(toSave(file.path(), record(Field::Artist)), Mode::Save).failure, std::string());
+        QVERIFY(saveFile(save, Mode::Save).failure.find("ID3v1 artist") != std::string::npos);
+        QCOMPARE(readTags(file.path()).v1[Field::Artist], std::string("Text"));
     }
 
     void FileThatFailsIsNamedAndTheOthersAreSaved() {
