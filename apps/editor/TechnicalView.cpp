@@ -11,8 +11,9 @@
 
 #include "apps/editor/FileName.h"
 
+#include <sys/stat.h>
+
 #include <QDateTime>
-#include <QFileInfo>
 #include <QLocale>
 
 namespace corvane::editor {
@@ -92,14 +93,21 @@ void TechnicalView::add(QTreeWidgetItem* section, const QString& name, const QSt
 
 void TechnicalView::showFile(FileHandler& file) {
     clear();
-    const QFileInfo info(shownPath(file.FileName()));
     auto* facts = section(tr("File"));
-    add(facts, tr("Path"), info.absoluteFilePath());
-    add(facts, tr("Size"), bytes(info.size()));
-    add(facts, tr("Changed"), QLocale().toString(info.lastModified(), QLocale::LongFormat));
+    add(facts, tr("Path"), shownPath(file.FileName()));
+    addStatus(facts, file.FileName());
     add(facts, tr("Tags"), tagNames(file));
     showAudio(file);
     resizeColumnToContents(0);
+}
+
+// The name is given as bytes: no text leads to a file whose name is none.
+void TechnicalView::addStatus(QTreeWidgetItem* section, const std::string& path) {
+    struct stat status {};
+    const bool isThere = ::stat(path.c_str(), &status) == 0;
+    const QDateTime changed = QDateTime::fromSecsSinceEpoch(status.st_mtim.tv_sec);
+    add(section, tr("Size"), isThere ? bytes(status.st_size) : tr("unknown"));
+    add(section, tr("Changed"), isThere ? QLocale().toString(changed, QLocale::LongFormat) : tr("unknown"));
 }
 
 void TechnicalView::showAudio(FileHandler& file) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTreeWidget>
+#include <string>
 
 namespace corvane {
 class FileHandler;
@@ -18,6 +19,7 @@ public:
     void showFile(FileHandler& file);
 
 private:
+    static void addStatus(QTreeWidgetItem* section, const std::string& path);
     void showAudio(FileHandler& file);
     QTreeWidgetItem* section(const QString& title);
     static void add(QTreeWidgetItem* section, const QString& name, const QString& value);

@@ -116,12 +116,17 @@ void XmlView::showEvent(QShowEvent* event) {
 }
 
 void XmlView::load() {
-    if (!document_) text_->setPlainText(forScreen(controls::toQt(document())));
+    if (document_) return;
+    text_->setPlainText(forScreen(controls::toQt(document())));
+    text_->setPlaceholderText(path_.empty() ? QString() : tr("This file cannot be read any more."));
 }
 
-void XmlView::copy() { QGuiApplication::clipboard()->setText(controls::toQt(document())); }
+void XmlView::copy() {
+    if (!document().empty()) QGuiApplication::clipboard()->setText(controls::toQt(document()));
+}
 
 QString XmlView::writeTo(const QString& file) {
+    if (document().empty()) return tr("there is no document of a file that cannot be read");
     QSaveFile out(file);
     const QByteArray bytes = QByteArray::fromStdString(latin1Document(document()));
     if (out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit()) return {};

@@ -189,6 +189,18 @@ private Q_SLOTS:
         QVERIFY(file.audioIsUntouched());
     }
 
+    void TechnicalDataNeedNoNameThatIsText() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "caf\xe9.mp3", "Old");
+        QVERIFY(window.open({window.folder().path()}));
+        QVERIFY(window.select({0}));
+        const auto& tree = child<QTreeWidget>(*window, "technical");
+        const QString size = QLocale().toString(static_cast<qint64>(file.original().size()));
+        QCOMPARE(tree.findItems(size, Qt::MatchStartsWith | Qt::MatchRecursive, 1).size(), 1);
+        const QString year = QString::number(QDate::currentDate().year());
+        QCOMPARE(tree.findItems(year, Qt::MatchContains | Qt::MatchRecursive, 1).size(), 1);
+    }
+
     void FileThatCannotBeReadSaysWhy() {
         EditorWindow window;
         QVERIFY(window.open({window.folder().path("missing.mp3")}));

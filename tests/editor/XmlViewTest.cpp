@@ -5,6 +5,7 @@
 #include "tests/editor/EditorFiles.h"
 #include "tests/support/ImageBuilder.h"
 
+#include <QClipboard>
 #include <QPushButton>
 #include <QtTest>
 
@@ -44,6 +45,21 @@ private Q_SLOTS:
     void ExportThatFailsTellsWhy() {
         XmlView view;
         QVERIFY(!view.writeTo(QStringLiteral("/nowhere/out.xml")).isEmpty());
+    }
+
+    void FileThatIsGoneIsNotExportedAsAnEmptyDocument() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "A title");
+        XmlView view;
+        view.setFile(file.path());
+        QVERIFY(::unlink(file.path().c_str()) == 0);
+        QVERIFY(showWindow(view));
+        QVERIFY(!child<QPlainTextEdit>(view, "xmlText").placeholderText().isEmpty());
+        QVERIFY(!view.writeTo(QString::fromStdString(folder.path("out.xml"))).isEmpty());
+        QVERIFY(namesIn(folder.path()).empty());
+        QGuiApplication::clipboard()->setText("kept");
+        QTest::mouseClick(view.findChildren<QPushButton*>().front(), Qt::LeftButton);
+        QCOMPARE(clipboardText(), QStringLiteral("kept"));
     }
 
     void CopyTakesTheWholeDocument() {
