@@ -2,6 +2,8 @@
 
 #include "corvane/controls/BatchString.h"
 #include "corvane/id3v1/GenreTable.h"
+#include "corvane/id3v1/ID3V1Tag.h"
+#include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/id3v230/GenreSplit.h"
 
 #include "apps/cli/Id3v1Edit.h"
@@ -26,12 +28,6 @@ std::string textForV2(Field field, const std::string& text) {
     return field == Field::Genre ? cli::contentType(text) : text;
 }
 
-// Whether a text that fills the record's field is the beginning of a longer one.
-bool isCutFrom(const std::string& text, const std::string& whole) {
-    constexpr std::size_t kFull = 28; // characters of the shortest long field
-    return text.size() >= kFull && whole.size() > text.size() && whole.starts_with(text);
-}
-
 } // namespace
 
 std::string id3v1Genre(const std::string& genre) {
@@ -43,6 +39,35 @@ std::string id3v1Genre(const std::string& genre) {
 }
 
 std::string id3v1Track(const std::string& track) { return numberText(cli::parseTrack(track).value_or(0), 0); }
+
+namespace {
+
+// What an ID3v1 record of the file's kind keeps of the ID3v2 values: the beginning of a long text, no total of tracks.
+TagValues keptInRecord(const FileTags& tags) {
+    const auto inV1 = [&tags](Field field) {
+        return textForV1(field, tags.v2.present ? tags.v2[field] : std::string());
+    };
+    ID3V1Tag tag;
+    tag.Title(inV1(Field::Title));
+    tag.Artist(inV1(Field::Artist));
+    tag.Album(inV1(Field::Album));
+    tag.Year(inV1(Field::Year));
+    tag.Comment(inV1(Field::Comment));
+    tag.TagType(tags.v1[Field::Track].empty() ? EID3TagConstants::ID3v1 : EID3TagConstants::ID3V11);
+    const auto fields = decodeRecord(encodeRecord(tag).bytes);
+    TagValues kept;
+    if (!fields) return kept;
+    kept[Field::Title] = fields->title;
+    kept[Field::Artist] = fields->artist;
+    kept[Field::Album] = fields->album;
+    kept[Field::Year] = fields->year;
+    kept[Field::Comment] = fields->comment;
+    kept[Field::Track] = inV1(Field::Track);
+    kept[Field::Genre] = inV1(Field::Genre);
+    return kept;
+}
+
+} // namespace
 
 FileTags withText(FileTags tags, Field field, const std::string& text) {
     if (!tags.v1.present && !tags.v2.present) tags.v1.present = tags.v2.present = true;
@@ -62,10 +87,11 @@ FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture) {
 
 FileTags withCopyToV2(FileTags tags) {
     if (!tags.v1.present) return tags;
+    const TagValues kept = keptInRecord(tags);
     tags.v2.present = true;
     for (std::size_t at = 0; at < kCommonFieldCount; ++at) {
-        const std::string text = textForV2(fieldAt(at), tags.v1.texts[at]);
-        if (!text.empty() && !isCutFrom(text, tags.v2.texts[at])) tags.v2.texts[at] = text;
+        const std::string& text = tags.v1.texts[at];
+        if (!text.empty() && text != kept.texts[at]) tags.v2.texts[at] = textForV2(fieldAt(at), text);
     }
     return tags;
 }

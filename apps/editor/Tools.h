@@ -14,8 +14,9 @@ namespace corvane::editor {
 FileTags withText(FileTags tags, Field field, const std::string& text);
 FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture);
 
-// Gives a tag the values of the other one. Values that the other one lacks stay as they are, so does a long text of
-// which ID3v1 has only the beginning; so do both tags where there is nothing to copy.
+// Gives a tag the values of the other one. Values that the other one lacks stay as they are, so do those of which ID3v1
+// has what it has room for: a long text whose beginning it is, a track number with a total. Where there is nothing to
+// copy, both tags stay.
 FileTags withCopyToV2(FileTags tags);
 FileTags withCopyToV1(FileTags tags);
 

@@ -98,11 +98,44 @@ private Q_SLOTS:
         QCOMPARE(tags.v2[Field::Artist], std::string("Kept"));
     }
 
-    void CopyFromId3v1DoesNotShortenALongText() {
+    void CopyFromId3v1KeepsWhatTheRecordHasNoRoomFor_data() {
+        QTest::addColumn<Field>("field");
+        QTest::addColumn<QString>("inRecord");
+        QTest::addColumn<QString>("inTag");
+        QTest::addColumn<QString>("expected");
+        const auto kept = [](const char* name, Field field, const char* inRecord, const char* inTag) {
+            QTest::newRow(name) << field << inRecord << inTag << inTag;
+        };
+        kept("long text", Field::Title, "A title that has many more cha",
+             "A title that has many more characters than a record");
+        kept("cut behind a blank", Field::Comment, "A comment cut behind a word",
+             "A comment cut behind a word of a record with a track");
+        kept("cut behind blanks", Field::Album, "An album", "An album                         of many blanks");
+        kept("no such letter", Field::Artist, "Mot?rhead", "Mot\u0151rhead");
+        kept("total", Field::Track, "3", "3/12");
+        kept("refined genre", Field::Genre, "17", "(17)Stoner rock");
+        QTest::newRow("other text") << Field::Title << "A title that has many more cha"
+                                    << "A title that has many other characters"
+                                    << "A title that has many more cha";
+        QTest::newRow("letters of two bytes")
+            << Field::Title << QStringLiteral("\u00e4").repeated(14) << QStringLiteral("\u00e4").repeated(15)
+            << QStringLiteral("\u00e4").repeated(14);
+        QTest::newRow("other track") << Field::Track << "4"
+                                     << "3/12"
+                                     << "4";
+        QTest::newRow("other genre") << Field::Genre << "18"
+                                     << "(17)Stoner rock"
+                                     << "(18)";
+    }
+    void CopyFromId3v1KeepsWhatTheRecordHasNoRoomFor() {
+        QFETCH(Field, field);
+        QFETCH(QString, inRecord);
+        QFETCH(QString, inTag);
         FileTags tags = both();
-        tags.v2[Field::Title] = "A title that has many more characters than a record";
-        tags.v1[Field::Title] = "A title that has many more cha";
-        QCOMPARE(withCopyToV2(tags).v2[Field::Title], tags.v2[Field::Title]);
+        tags.v1[Field::Track] = "3"; // which leaves the comment 28 characters
+        tags.v1[field] = inRecord.toStdString();
+        tags.v2[field] = inTag.toStdString();
+        QTEST(QString::fromStdString(withCopyToV2(tags).v2[field]), "expected");
     }
 
     void CopyGivesTheOtherTag() {
