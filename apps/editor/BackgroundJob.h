@@ -19,7 +19,7 @@ public:
 
     bool isRunning() const { return running_; }
     // Asks the work to end soon. It tells `finished` as ever.
-    void cancel() { cancelled_ = true; }
+    virtual void cancel() { cancelled_ = true; }
 
 Q_SIGNALS:
     // total is 0 while it is not known.

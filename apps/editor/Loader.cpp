@@ -18,9 +18,9 @@ constexpr qint64 kBatchTime = 60;      // milliseconds between two batches
 } // namespace
 
 Loader::Loader(QObject* parent) : BackgroundJob(parent) {
-    connect(this, &Loader::finished, this, [this](bool complete) {
+    connect(this, &Loader::finished, this, [this] {
         std::vector<std::string> next = std::exchange(waiting_, {});
-        if (complete && !next.empty()) load(std::move(next));
+        if (!next.empty()) load(std::move(next));
     });
 }
 
@@ -30,8 +30,29 @@ void Loader::load(std::vector<std::string> paths) {
     if (isRunning()) {
         waiting_.insert(waiting_.end(), paths.begin(), paths.end());
     } else {
+        isAbandoned_ = false;
         start([this, roots = std::move(paths)] { work(roots); });
     }
+}
+
+void Loader::cancel() {
+    waiting_.clear();
+    BackgroundJob::cancel();
+}
+
+void Loader::abandon() {
+    cancel();
+    isAbandoned_ = true;
+}
+
+// On the thread of this object, where abandon is called too: what comes behind it is not told.
+void Loader::tell(std::function<void()> news) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, news = std::move(news)] {
+            if (!isAbandoned_) news();
+        },
+        Qt::QueuedConnection);
 }
 
 void Loader::work(const std::vector<std::string>& roots) {
@@ -41,8 +62,8 @@ void Loader::work(const std::vector<std::string>& roots) {
 
 std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
     scan::FileWalk walk(roots, [this](std::string_view folder, std::string_view reason) {
-        Q_EMIT refused(QFile::decodeName(QByteArray(folder.data(), static_cast<qsizetype>(folder.size()))),
-                       controls::toQt(reason));
+        const QString name = QFile::decodeName(QByteArray(folder.data(), static_cast<qsizetype>(folder.size())));
+        tell([this, name, why = controls::toQt(reason)] { Q_EMIT refused(name, why); });
     });
     std::vector<std::string> paths;
     for (auto path = walk.next(); path && !isCancelled(); path = walk.next()) paths.push_back(*std::move(path));
@@ -60,11 +81,11 @@ void Loader::read(const std::vector<std::string>& paths) {
         batch.push_back(readRow(path));
         ++done;
         if (done != kFirstBatch && done != total && sinceBatch.elapsed() < kBatchTime) continue;
-        Q_EMIT loaded(std::exchange(batch, {}));
+        tell([this, rows = std::exchange(batch, {})] { Q_EMIT loaded(rows); });
         Q_EMIT progressed(done, total);
         sinceBatch.restart();
     }
-    if (!batch.empty()) Q_EMIT loaded(batch);
+    if (!batch.empty()) tell([this, batch] { Q_EMIT loaded(batch); });
 }
 
 } // namespace corvane::editor

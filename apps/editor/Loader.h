@@ -5,6 +5,7 @@
 #include "apps/editor/FileRow.h"
 
 #include <QString>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ public:
 
     // Files, whatever their names are, and folders. While a load is running, these wait for it to end.
     void load(std::vector<std::string> paths);
+    // Ends the load that is running, and what waits for it.
+    void cancel() override;
+    // The same, and its rows that have not been told yet are not told any more.
+    void abandon();
 
 Q_SIGNALS:
     void loaded(const corvane::editor::FileRows& rows);
@@ -27,10 +32,12 @@ Q_SIGNALS:
 
 private:
     void work(const std::vector<std::string>& roots);
+    void tell(std::function<void()> news);
     std::vector<std::string> find(const std::vector<std::string>& roots);
     void read(const std::vector<std::string>& paths);
 
     std::vector<std::string> waiting_;
+    bool isAbandoned_ = false;
 };
 
 } // namespace corvane::editor

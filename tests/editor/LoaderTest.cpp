@@ -74,6 +74,36 @@ private Q_SLOTS:
         QVERIFY(!loader.isRunning());
     }
 
+    void AbandonedLoadTellsNoMoreRowsAndTheNextOneDoes() {
+        const ScratchFolder folder;
+        for (int at = 0; at < 300; ++at) plainFile(folder, std::to_string(at) + ".mp3");
+        const Mp3File other = taggedFile(folder, "other.MP3", "Other");
+        Loader loader;
+        QSignalSpy loaded(&loader, &Loader::loaded), finished(&loader, &Loader::finished);
+        loader.load({folder.path()});
+        QTest::qSleep(30); // rows are on their way now
+        loader.abandon();
+        loader.load({other.path()});
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, kWait);
+        QCOMPARE(loaded.count(), 1);
+        QCOMPARE(loaded.front().front().value<FileRows>().front().path, other.path());
+    }
+
+    void LoadThatIsAskedForBehindACancelledOneIsDone() {
+        const ScratchFolder folder;
+        for (int at = 0; at < 300; ++at) plainFile(folder, std::to_string(at) + ".mp3");
+        const Mp3File other = taggedFile(folder, "other.MP3", "Other");
+        Loader loader;
+        QSignalSpy finished(&loader, &Loader::finished);
+        loader.load({folder.path()});
+        loader.load({folder.path()});
+        loader.cancel();
+        loader.load({other.path()});
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, kWait);
+        QCOMPARE(finished.at(0).front().toBool(), false);
+        QCOMPARE(finished.at(1).front().toBool(), true);
+    }
+
     void SecondLoadWaitsForTheFirst() {
         const ScratchFolder folder;
         const Mp3File first = taggedFile(folder, "a.mp3", "First"), second = taggedFile(folder, "b.mp3", "Second");
