@@ -94,7 +94,10 @@ int main(int count, char** arguments) {
     if (words[3] == QStringLiteral("dark")) QApplication::setPalette(corvane::controls::darkPalette());
     // German texts are longer than English ones.
     std::optional<Translations> texts;
-    if (words[3] == QStringLiteral("german")) texts.emplace(QLocale(QLocale::German));
+    if (words[3] == QStringLiteral("german")) {
+        QLocale::setDefault(QLocale(QLocale::German));
+        texts.emplace(QLocale());
+    }
     Camera camera(words[1], words[3] + QLatin1Char('-'));
     takeAll(camera, words[2]);
     return 0;

@@ -1,5 +1,6 @@
 #include "apps/editor/Translations.h"
 
+#include "apps/editor/ChangeTree.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 
@@ -78,6 +79,20 @@ private Q_SLOTS:
         const Translations texts{QLocale(QLocale::German)};
         EditorWindow window;
         QCOMPARE(child<QCheckBox>(*window, "chkID3v2").text().remove('&'), QStringLiteral("ID3v2-Tag"));
+    }
+
+    void PreviewNamesTheFieldsInIt() {
+        const Translations texts{QLocale(QLocale::German)};
+        SaveResult result;
+        result.path = "/a.mp3";
+        result.plan.tags.push_back({"v2", "ID3v2.3.0", corvane::cli::ChangedTag::Fate::Kept, {}, {}});
+        result.plan.tags.front().changes = {{"encoded-by", "Old", "New"}, {"unheard-of", "Old", "New"}};
+        ChangeTree tree;
+        tree.show({result});
+        const QTreeWidgetItem& tag = *tree.topLevelItem(0)->child(0);
+        QCOMPARE(tag.child(0)->text(0), QStringLiteral("Kodiert von"));
+        QCOMPARE(tag.child(1)->text(0), QStringLiteral("unheard-of"));
+        QVERIFY(textOf({result}).contains("Kodiert von: "));
     }
 
     void MnemonicsOfAMenuOrAPageAreDistinct_data() {

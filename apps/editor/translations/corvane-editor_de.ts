@@ -13,6 +13,69 @@
     </message>
 </context>
 <context>
+    <name>Fields</name>
+    <message>
+        <source>title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>track</source>
+        <translation>Titelnummer</translation>
+    </message>
+    <message>
+        <source>genre</source>
+        <translation>Genre</translation>
+    </message>
+    <message>
+        <source>composer</source>
+        <translation>Komponist</translation>
+    </message>
+    <message>
+        <source>copyright</source>
+        <translation>Copyright</translation>
+    </message>
+    <message>
+        <source>original-artist</source>
+        <translation>Originalinterpret</translation>
+    </message>
+    <message>
+        <source>url</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>encoded-by</source>
+        <translation>Kodiert von</translation>
+    </message>
+    <message>
+        <source>lyrics</source>
+        <translation>Liedtext</translation>
+    </message>
+    <message>
+        <source>synced-lyrics</source>
+        <translation>Liedtext mit Zeiten</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>Bild</translation>
+    </message>
+</context>
+<context>
     <name>QApplication</name>
     <message>
         <source>Edits the tags of MP3 files.</source>
@@ -482,6 +545,10 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <source>Open &amp;folder…</source>
         <translation>&amp;Ordner öffnen …</translation>
     </message>
+    <message>
+        <source>The window closes when the files are saved.</source>
+        <translation>Das Fenster schließt sich, wenn die Dateien gespeichert sind.</translation>
+    </message>
 </context>
 <context>
     <name>corvane::editor::ManyPages</name>
@@ -808,6 +875,14 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     <message>
         <source>%1 was not written: %2</source>
         <translation>%1 wurde nicht geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>This file cannot be read any more.</source>
+        <translation>Diese Datei kann nicht mehr gelesen werden.</translation>
+    </message>
+    <message>
+        <source>there is no document of a file that cannot be read</source>
+        <translation>es gibt kein Dokument einer Datei, die nicht gelesen werden kann</translation>
     </message>
 </context>
 </TS>
