@@ -36,8 +36,8 @@ public:
     // What stands in the file, as somebody has read it. A file that has changes keeps what was read before. When a file
     // is not what it was, steps cannot be undone or redone any more.
     void learn(const std::string& path, FileTags tags);
-    // Files have these tags now, but not all that is wanted of them could be saved. Only what the user has changed stays
-    // wanted: the rest may be somebody else's. Steps cannot be undone or redone any more.
+    // Files have these tags now, but not all that is wanted of them could be saved. Only what the user has changed
+    // stays wanted: the rest may be somebody else's. Steps cannot be undone or redone any more.
     void learnAgain(const std::vector<std::pair<std::string, FileTags>>& tagsNow);
     bool knows(const std::string& path) const { return files_.contains(path); }
     // Both are nothing for a file that nobody has learned.

@@ -94,7 +94,7 @@ void Editing::applyNumbered(const std::function<FileTags(FileTags, int)>& tool, 
     apply([&](FileTags tags) { return tool(std::move(tags), place++); }, text);
 }
 
-void Editing::revert() { session_.revert(editable_); }
+void Editing::revert() { session_.revert(selected_); }
 
 void Editing::follow(const std::vector<std::string>& paths) {
     showInTable(paths);

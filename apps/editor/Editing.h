@@ -29,13 +29,15 @@ public:
     void select(std::vector<std::string> paths);
     // Shows the same files anew, as they are now.
     void showAgain() { select(selected_); }
-    // The selected files that can be edited now; none while they are being read.
+    const std::vector<std::string>& selected() const { return selected_; }
+    // Those of them that can be edited now; none while they are being read.
     const std::vector<std::string>& editable() const { return editable_; }
 
     // One step for all editable files.
     void apply(const Tool& tool, const QString& text, const QString& key = {});
     // The same, where the tool also gets the place of the file in the selection, from 0.
     void applyNumbered(const std::function<FileTags(FileTags, int)>& tool, const QString& text);
+    // All selected files: changes can be given up also when their file is gone.
     void revert();
 
 Q_SIGNALS:

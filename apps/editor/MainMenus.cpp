@@ -66,7 +66,7 @@ void MainWindow::makeFileMenu() {
     save_ = action("save", tr("&Save all changes"), "save", QKeySequence::Save,
                    [this] { saving_.save(session_.changedPaths()); });
     saveSelected_ = action("saveSelected", tr("Save s&elected files"), nullptr, keys("Ctrl+Shift+S"),
-                           [this] { saving_.save(editing_->editable()); });
+                           [this] { saving_.save(editing_->selected()); });
     preview_ = action("preview", tr("&Preview the changes…"), "preview", keys("Ctrl+P"),
                       [this] { saving_.preview(session_.changedPaths()); });
     report_ = action("report", tr("Repor&t of the last save…"), nullptr, {}, [this] { saving_.showReport(); });

@@ -7,8 +7,10 @@
 #include <QDragEnterEvent>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
@@ -31,6 +33,16 @@ QLabel* hintLabel() {
     label->setWordWrap(true);
     label->setEnabled(false); // in the colour of what is not content
     return label;
+}
+
+bool hasLocalFile(const QMimeData& data) {
+    const auto urls = data.urls();
+    return std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+}
+
+bool isTextBox(const QObject* widget) {
+    const auto* page = qobject_cast<const QPlainTextEdit*>(widget->parent()); // of whose text the widget is the view
+    return page || qobject_cast<const QLineEdit*>(widget);
 }
 
 } // namespace
@@ -96,15 +108,18 @@ void MainWindow::connectParts() {
     connect(&saving_, &Saving::runningChanged, this, [this](bool isRunning) {
         centralWidget()->setEnabled(!isRunning);
         updateActions();
+        const bool isPreviewEnd = !isRunning && saving_.job().mode() == SaveJob::Mode::Preview;
+        if (const auto next = isPreviewEnd ? std::exchange(afterRun_, nullptr) : nullptr) next();
     });
 }
 
-void MainWindow::open(const std::vector<std::string>& paths) {
+void MainWindow::open(std::vector<std::string> paths) {
+    std::erase(paths, std::string()); // as an empty variable gives one to the command line
     if (paths.empty()) return;
     for (const std::string& path : paths) {
         if (isText(path)) recent_.add(shownPath(path)); // settings are text
     }
-    loader_.load(paths);
+    loader_.load(std::move(paths));
 }
 
 // --- what the parts tell
@@ -126,8 +141,8 @@ void MainWindow::showPart(Editing::Shown what, const QString& hint) {
 
 void MainWindow::updateActions() {
     const bool isIdle = !saving_.isRunning();
-    const auto& editable = editing_->editable();
-    const bool hasChangedSelection = std::any_of(editable.begin(), editable.end(),
+    const auto& selected = editing_->selected();
+    const bool hasChangedSelection = std::any_of(selected.begin(), selected.end(),
                                                  [this](const std::string& path) { return session_.isChanged(path); });
     save_->setEnabled(isIdle && session_.hasChanges());
     preview_->setEnabled(isIdle && session_.hasChanges());
@@ -136,14 +151,14 @@ void MainWindow::updateActions() {
     report_->setEnabled(isIdle && !saving_.lastReport().isEmpty());
     undo_->setEnabled(isIdle && session_.undoStack().canUndo());
     redo_->setEnabled(isIdle && session_.undoStack().canRedo());
-    toolMenu_->updateActions(isIdle && !editable.empty());
+    toolMenu_->updateActions(isIdle && !editing_->editable().empty());
 }
 
 void MainWindow::endSave(bool isAllSaved, const QString& summary) {
     statusBar()->showMessage(summary);
     editing_->select(list_->selectedPaths());
     updateActions();
-    const std::function<void()> next = std::exchange(afterSave_, nullptr);
+    const std::function<void()> next = std::exchange(afterRun_, nullptr);
     if (isAllSaved && next) next();
 }
 
@@ -152,18 +167,27 @@ void MainWindow::tellCount() {
     count_->setText(shown == all ? tr("Files: %1").arg(all) : tr("Files: %1 of %2").arg(shown).arg(all));
 }
 
-// Undo and redo are those of the session everywhere: a text box has only its own words to take back.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto& key = static_cast<const QKeyEvent&>(*event);
-        const auto* widget = qobject_cast<const QWidget*>(watched);
-        const bool isUndo = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
-        if (isUndo && widget && below_->isAncestorOf(widget)) {
-            event->ignore();
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
+    const bool isKept = (event->type() == QEvent::ShortcutOverride && isSessionKey(watched, *event)) ||
+                        (event->type() == QEvent::DragEnter && isFileOverText(watched, *event));
+    if (!isKept) return QMainWindow::eventFilter(watched, event);
+    event->ignore();
+    return true;
+}
+
+// Undo and redo are those of the session everywhere: a text box has only its own words to take back.
+bool MainWindow::isSessionKey(const QObject* watched, const QEvent& event) const {
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    const bool isUndo = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+    return isUndo && widget && below_->isAncestorOf(widget);
+}
+
+// Files are opened wherever they are dropped. A text box would write their addresses into the tag.
+bool MainWindow::isFileOverText(const QObject* watched, const QEvent& event) const {
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    return widget && isAncestorOf(widget) && isTextBox(widget) &&
+           hasLocalFile(*static_cast<const QDragEnterEvent&>(event).mimeData());
 }
 
 // --- closing
@@ -178,7 +202,7 @@ void MainWindow::afterChanges(std::function<void()> next) {
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Save:
-        afterSave_ = std::move(next);
+        afterRun_ = std::move(next);
         return saving_.save(session_.changedPaths());
     case QMessageBox::Discard:
         session_.clear();
@@ -190,7 +214,7 @@ void MainWindow::afterChanges(std::function<void()> next) {
 
 void MainWindow::closeFiles() {
     afterChanges([this] {
-        loader_.cancel();
+        loader_.abandon();
         session_.clear();
         table_.clear();
     });
@@ -199,21 +223,29 @@ void MainWindow::closeFiles() {
 // With changes the question comes first; the window closes itself when it is answered, which may be after a save.
 void MainWindow::closeEvent(QCloseEvent* event) {
     const bool mayClose = !session_.hasChanges() && !saving_.isRunning();
+    const auto closeLater = [this] { QTimer::singleShot(0, this, &QWidget::close); }; // one close at a time
     event->setAccepted(mayClose);
     if (mayClose) {
         keep();
+    } else if (!saving_.isRunning()) {
+        afterChanges(closeLater);
     } else {
-        afterChanges([this] { QTimer::singleShot(0, this, &QWidget::close); }); // one close at a time
+        afterRun_ = closeLater;
+        if (saving_.job().mode() == SaveJob::Mode::Save) {
+            statusBar()->showMessage(tr("The window closes when the files are saved."));
+        } else {
+            saving_.job().cancel(); // nobody waits for a preview any more
+        }
     }
 }
 
 // --- dropping
 
+// Never as a move: whoever drags a file may delete it once it has been moved.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    const auto urls = event->mimeData()->urls();
-    if (std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); })) {
-        event->acceptProposedAction();
-    }
+    if (!hasLocalFile(*event->mimeData())) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
@@ -221,7 +253,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
     for (const QUrl& url : event->mimeData()->urls()) {
         if (url.isLocalFile()) paths.push_back(pathOf(url));
     }
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     open(paths);
 }
 

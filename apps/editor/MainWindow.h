@@ -36,7 +36,7 @@ public:
     ~MainWindow() override;
 
     // Adds files and folders to the list.
-    void open(const std::vector<std::string>& paths);
+    void open(std::vector<std::string> paths);
 
     FileTable& table() { return table_; }
     FileList& list() { return *list_; }
@@ -75,6 +75,8 @@ private:
     void afterChanges(std::function<void()> next);
     void showPart(Editing::Shown what, const QString& hint);
     void updateActions();
+    bool isSessionKey(const QObject* watched, const QEvent& event) const;
+    bool isFileOverText(const QObject* watched, const QEvent& event) const;
     void endSave(bool isAllSaved, const QString& summary);
     void tellCount();
 
@@ -97,7 +99,7 @@ private:
     ToolMenu* toolMenu_ = nullptr;
     QAction *save_ = nullptr, *saveSelected_ = nullptr, *preview_ = nullptr, *report_ = nullptr, *revert_ = nullptr,
             *undo_ = nullptr, *redo_ = nullptr, *frames_ = nullptr;
-    std::function<void()> afterSave_; // what waits for a save that succeeds
+    std::function<void()> afterRun_; // what waits for a save that succeeds, or for the end of a preview
 };
 
 } // namespace corvane::editor

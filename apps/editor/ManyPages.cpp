@@ -128,6 +128,7 @@ QWidget* ManyPages::makeGenreBox() {
     genre_->setInsertPolicy(QComboBox::NoInsert);
     genre_->setMinimumContentsLength(16);
     genre_->setFocusPolicy(Qt::StrongFocus);
+    genre_->installEventFilter(this);
     for (const GenreRow& row : kGenreTable) {
         if (row.number != kUndefinedGenre) genre_->addItem(toQt(row.name));
     }
@@ -203,6 +204,14 @@ void ManyPages::noteEdit(Field field, const QString& text) {
     box(field).setPlaceholderText(tr("will be emptied"));
     emitEdit([field, wanted = fromQt(text)](FileTags tags) { return withText(std::move(tags), field, wanted); },
              QString::number(static_cast<int>(field)));
+}
+
+// The wheel gives no genre to all files when the list only happens to be under the pointer.
+bool ManyPages::eventFilter(QObject* watched, QEvent* event) {
+    const bool isPassing = watched == genre_ && event->type() == QEvent::Wheel && !genre_->hasFocus();
+    if (!isPassing) return QTabWidget::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void ManyPages::changeEvent(QEvent* event) {

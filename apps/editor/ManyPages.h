@@ -46,6 +46,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     static constexpr std::size_t kShownFields = 12; // all but the lyrics
@@ -70,7 +71,7 @@ private:
     std::vector<std::string> paths_;
     std::array<QLineEdit*, kShownFields> boxes_{};
     std::array<controls::TrackedField, kShownFields> fields_;
-    QComboBox* genre_;
+    QComboBox* genre_ = nullptr;
     controls::PicturePanel* picture_;
     QLabel* summary_;
     controls::ID3v1* id3v1_;

@@ -61,6 +61,20 @@ private Q_SLOTS:
         QCOMPARE(second.v2[Field::Title], std::string("Two"));
     }
 
+    void WheelOverTheGenresChangesNoFile() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        QLineEdit& genre = files.window.field("many5");
+        const QString before = genre.text();
+        files.window.field(kTitle).setFocus();
+        const QPointF middle(genre.rect().center());
+        QWheelEvent wheel(middle, genre.mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&genre, &wheel);
+        QVERIFY(!files.window->isWindowModified());
+        QCOMPARE(genre.text(), before);
+    }
+
     void UndoBringsAllFilesBackInOneStep() {
         TwoFiles files;
         QVERIFY(files.open());

@@ -27,13 +27,20 @@ struct ChangedFile {
     std::string title() const { return readTags(file.path()).v2[Field::Title]; }
 };
 
-// Whether the window takes what is dragged over it and dropped.
-bool drop(MainWindow& window, const QMimeData& data) {
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &enter);
-    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &drop);
-    return enter.isAccepted();
+// What becomes of a drag over a widget that ends there.
+Qt::DropAction dropActionOf(QWidget& widget, const QMimeData& data, Qt::DropAction proposed) {
+    const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter({9, 9}, possible, &data, Qt::LeftButton, {});
+    enter.setDropAction(proposed);
+    QApplication::sendEvent(&widget, &enter);
+    QDropEvent drop({9, 9}, possible, &data, Qt::LeftButton, {});
+    drop.setDropAction(proposed);
+    QApplication::sendEvent(&widget, &drop);
+    return enter.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
+
+bool drop(QWidget& widget, const QMimeData& data) {
+    return dropActionOf(widget, data, Qt::CopyAction) == Qt::CopyAction;
 }
 
 } // namespace
@@ -50,6 +57,52 @@ private Q_SLOTS:
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(window.folder().path()))});
         QVERIFY(drop(*window, data));
         QTRY_COMPARE(window->table().rowCount(), 1);
+    }
+
+    void DropIsNeverAMoveThatWouldDeleteTheFile() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "One");
+        QVERIFY(window.open({}));
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.path()))});
+        QCOMPARE(dropActionOf(*window, data, Qt::MoveAction), Qt::CopyAction);
+        QTRY_COMPARE(window->table().rowCount(), 1);
+    }
+
+    void FileThatIsDroppedOnATextBoxIsOpenedAndNotWrittenIntoIt() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "One"),
+                      other = taggedFile(window.folder(), "b.mp3", "Two");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(other.path()))});
+        QVERIFY(drop(window.field("txtTitle"), data));
+        QVERIFY(drop(*child<QPlainTextEdit>(*window, "txtLyrics").viewport(), data));
+        QVERIFY(drop(window->list().words(), data));
+        QCOMPARE(window.field("txtTitle").text(), QStringLiteral("One"));
+        QVERIFY(window->list().words().text().isEmpty());
+        QVERIFY(!window->isWindowModified());
+        QTRY_COMPARE(window->table().rowCount(), 2);
+        QMimeData words;
+        words.setText("words");
+        QVERIFY(drop(window.field("txtTitle"), words));
+        QVERIFY(window.field("txtTitle").text().contains("words"));
+    }
+
+    void OddThingsThatAreDroppedAreLeftAlone() {
+        EditorWindow window;
+        QVERIFY(window.open({}));
+        QMimeData nothing, remote, missing;
+        remote.setUrls({QUrl("https://example.org/a.mp3"), QUrl()});
+        missing.setUrls({QUrl::fromLocalFile("/nowhere/at/all.mp3")});
+        QVERIFY(!drop(*window, nothing));
+        QVERIFY(!drop(*window, remote));
+        window->open({std::string()});
+        QVERIFY(!window->loader().isRunning());
+        QVERIFY(drop(*window, missing));
+        QTRY_COMPARE(window->table().rowCount(), 1);
+        QVERIFY(!window->table().find("/nowhere/at/all.mp3")->failure.empty());
     }
 
     void DroppedFileIsFoundWhateverItsNameIsMadeOf() {
@@ -259,6 +312,54 @@ private Q_SLOTS:
         QCOMPARE(changed.title(), std::string("New"));
     }
 
+    void ClosingDuringASaveWaitsForItsEnd() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        changed.window.action("save").trigger();
+        QVERIFY(changed.window->saving().isRunning());
+        QVERIFY(!changed.window->close());
+        QVERIFY(!changed.window->close());
+        QTRY_VERIFY(!changed.window->isVisible());
+        QCOMPARE(changed.title(), std::string("New"));
+        QVERIFY(changed.file.audioIsUntouched());
+    }
+
+    void ClosingDuringASaveThatFailsKeepsTheWindow() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        QVERIFY(::unlink(changed.file.path().c_str()) == 0);
+        changed.window.action("save").trigger();
+        QVERIFY(!changed.window->close());
+        QVERIFY(changed.window.waitForDialog("report") != nullptr);
+        QTest::qWait(50);
+        QVERIFY(changed.window->isVisible());
+    }
+
+    void ClosingDuringAPreviewAsksInsteadOfShowingIt() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        changed.window.action("preview").trigger();
+        QVERIFY(changed.window->saving().isRunning());
+        answer(QMessageBox::Discard);
+        QVERIFY(!changed.window->close());
+        QTRY_VERIFY(!changed.window->isVisible());
+        QVERIFY(changed.window->findChild<QDialog*>("preview") == nullptr);
+        QVERIFY(changed.file.isUnchanged());
+    }
+
+    void ChangesOfAFileThatIsGoneCanBeReverted() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        QVERIFY(::unlink(changed.file.path().c_str()) == 0);
+        changed.window->list().view().clearSelection();
+        QTRY_VERIFY(changed.window->editing().selected().empty());
+        changed.window->list().view().selectRow(0);
+        QTRY_VERIFY(changed.window.action("revert").isEnabled());
+        QVERIFY(changed.window->editing().editable().empty());
+        changed.window.action("revert").trigger();
+        QVERIFY(!changed.window->isWindowModified());
+    }
+
     void WindowStaysOpenWhenThatSaveFails() {
         ChangedFile changed;
         QVERIFY(changed.open());
@@ -267,6 +368,17 @@ private Q_SLOTS:
         changed.window->close();
         QVERIFY(changed.window.waitForDialog("report") != nullptr);
         QVERIFY(changed.window->isVisible());
+    }
+
+    void ClosingAllFilesEndsTheirLoadAndNoRowComesLater() {
+        EditorWindow window;
+        for (int at = 0; at < 300; ++at) plainFile(window.folder(), std::to_string(at) + ".mp3");
+        QVERIFY(showWindow(*window));
+        window->open({window.folder().path()});
+        QTest::qSleep(30); // rows are on their way now
+        window.action("closeFiles").trigger();
+        QTRY_VERIFY(!window->loader().isRunning());
+        QCOMPARE(window->table().rowCount(), 0);
     }
 
     void ClosingAllFilesEmptiesTheList() {
