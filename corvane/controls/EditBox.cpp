@@ -2,6 +2,7 @@
 
 #include <QTextCursor>
 #include <QTextDocument>
+#include <algorithm>
 
 namespace corvane::controls {
 
@@ -10,16 +11,27 @@ namespace {
 void replaceForGood(QLineEdit& box, const QString& text) {
     const bool selected = box.hasSelectedText();
     const auto start = selected ? box.selectionStart() : box.cursorPosition();
+    const auto length = selected ? box.selectedText().size() : 0;
     QString whole = box.text();
-    whole.replace(start, selected ? box.selectedText().size() : 0, text);
+    const auto room = std::max(box.maxLength() - (whole.size() - length), qsizetype{0});
+    const QString fitting = text.left(room);
+    whole.replace(start, length, fitting);
     box.setText(whole); // forgets the history, which inserting would not
-    box.setCursorPosition(start + static_cast<int>(text.size()));
+    box.setCursorPosition(start + static_cast<int>(fitting.size()));
 }
 
 void replaceForGood(QPlainTextEdit& box, const QString& text) {
-    box.document()->setUndoRedoEnabled(false); // forgets the history
+    const bool remembers = box.isUndoRedoEnabled();
+    box.setUndoRedoEnabled(false); // forgets the history
     box.insertPlainText(text);
-    box.document()->setUndoRedoEnabled(true);
+    box.setUndoRedoEnabled(remembers);
+}
+
+// As the box gives its text itself, except that it would give blanks that do not break as common ones.
+QString textOf(const QPlainTextEdit& box) {
+    QString text = box.document()->toRawText();
+    for (const char16_t end : {u'\u2028', u'\u2029', u'\uFDD0', u'\uFDD1'}) text.replace(QChar(end), u'\n');
+    return text;
 }
 
 } // namespace
@@ -28,7 +40,7 @@ QWidget* EditBox::surface() const { return page_ ? page_->viewport() : widget();
 
 QString EditBox::text() const {
     if (line_) return line_->text();
-    return page_ ? page_->toPlainText() : QString();
+    return page_ ? textOf(*page_) : QString();
 }
 
 qsizetype EditBox::selectedLength() const {

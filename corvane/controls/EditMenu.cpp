@@ -81,7 +81,8 @@ void EditMenu::attach(QWidget& box) {
 
 bool EditMenu::eventFilter(QObject* watched, QEvent* event) {
     const auto found = attached_.find(watched);
-    if (found == attached_.end()) return QObject::eventFilter(watched, event);
+    const bool ours = found != attached_.end() && found->second.box && found->second.box->isEnabled();
+    if (!ours) return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::MouseButtonPress) {
         const auto* press = static_cast<const QMouseEvent*>(event);
         if (press->button() != Qt::RightButton) return false;
@@ -91,7 +92,7 @@ bool EditMenu::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::ContextMenu) return QObject::eventFilter(watched, event);
     // The mouse's own request follows a press that has shown the menu already.
     const auto* request = static_cast<const QContextMenuEvent*>(event);
-    if (request->reason() == QContextMenuEvent::Keyboard) show(found->second, request->globalPos());
+    if (request->reason() != QContextMenuEvent::Mouse) show(found->second, request->globalPos());
     return true;
 }
 
@@ -105,6 +106,11 @@ void EditMenu::show(const Attached& attached, const QPoint& position) {
     current_.box->setEnabled(false);
     menu_->popup(position);
     if (!menu_->isVisible()) giveBack();
+}
+
+void EditMenu::close() {
+    formats_->close();
+    menu_->close();
 }
 
 void EditMenu::giveBack() const {

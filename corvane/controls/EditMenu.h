@@ -1,5 +1,6 @@
 // The context menu of text boxes: Undo, Cut, Copy, Paste, Delete and Select all, each enabled only when it is possible,
-// and Format, which converts the case of the whole text. It opens with the right mouse button and with the menu key.
+// and Format, which converts the case of the whole text. It opens with the right mouse button and with the menu key,
+// over boxes that are enabled.
 #pragma once
 
 #include "corvane/controls/cTextBox.h"
@@ -23,6 +24,10 @@ public:
 
     // Gives a text box this menu instead of its own. The box belongs to the owner.
     void attach(QWidget& box);
+
+    // Closes the menu if it is open. The owner does so before it enables or disables boxes, because the box of an open
+    // menu is enabled when the menu closes.
+    void close();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

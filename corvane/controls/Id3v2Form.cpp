@@ -1,5 +1,7 @@
 #include "corvane/controls/Id3v2Form.h"
 
+#include "corvane/controls/EditBox.h"
+
 #include <QHBoxLayout>
 #include <QRegularExpressionValidator>
 #include <vector>
@@ -143,30 +145,35 @@ void Id3v2Form::orderTabs() const {
 }
 
 void Id3v2Form::setFieldsEnabled(bool enabled) {
+    editMenu->close();
     for (QWidget* box : boxes) box->setEnabled(enabled);
     cmbGenre->setEnabled(enabled);
     cmbGenre->byteLabel().setEnabled(enabled);
 }
 
 void Id3v2Form::setFieldsLocked(bool locked) {
-    for (QWidget* box : boxes) box->setProperty("readOnly", locked);
+    locked_ = locked;
+    for (std::size_t at = 0; at < boxes.size(); ++at) lock(at);
     cmbGenre->setLocked(locked);
 }
+
+void Id3v2Form::lock(std::size_t at) { boxes[at]->setProperty("readOnly", locked_ || cut_[at]); }
 
 void Id3v2Form::tell(const QString& notice) const {
     lblNotice->setText(notice);
     lblNotice->setVisible(!notice.isEmpty());
 }
 
-QString Id3v2Form::text(std::size_t at) const {
-    const auto* line = qobject_cast<const QLineEdit*>(boxes[at]);
-    return line ? line->text() : static_cast<const QPlainTextEdit*>(boxes[at])->toPlainText();
-}
+QString Id3v2Form::text(std::size_t at) const { return EditBox(boxes[at]).text(); }
 
 void Id3v2Form::setText(std::size_t at, const QString& text) {
     if (auto* line = qobject_cast<QLineEdit*>(boxes[at])) {
         line->setText(text);
         line->setCursorPosition(0);
+        cut_[at] = text.size() > line->maxLength();
+        line->setToolTip(cut_[at] ? tr("This text is too long to be edited here.") : QString());
+        line->setAccessibleDescription(line->toolTip());
+        lock(at);
     } else {
         static_cast<QPlainTextEdit*>(boxes[at])->setPlainText(text);
     }

@@ -35,7 +35,8 @@ public:
     // Why the tag cannot be saved; nothing is shown for "".
     void tell(const QString& notice) const;
 
-    // A text box, by its row in kId3v2Texts.
+    // A text box, by its row in kId3v2Texts. A text that is longer than a line can be is seen in part and cannot be
+    // edited, since an edit would lose the rest.
     QString text(std::size_t at) const;
     void setText(std::size_t at, const QString& text);
 
@@ -57,8 +58,11 @@ private:
     void addRow(QGridLayout& grid, const QString& text, std::size_t at);
     QLabel* label(const QString& text, QWidget& field) const;
     void orderTabs() const;
+    void lock(std::size_t at);
 
     QGridLayout* grid_;
+    bool locked_ = false;
+    std::array<bool, kId3v2Texts.size()> cut_{}; // by box: it shows only the beginning of its text
 };
 
 } // namespace corvane::controls

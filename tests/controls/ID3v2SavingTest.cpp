@@ -23,6 +23,9 @@ private Q_SLOTS:
 
     void whatTheUserChangedIsWrittenAndSaved();
     void whatTheUserDidNotTouchStays();
+    void anEditKeepsTheRestOfAnUnusualText_data();
+    void anEditKeepsTheRestOfAnUnusualText();
+    void aTextLongerThanALineIsKeptWhole();
     void anEmptiedFieldIsRemoved();
     void aYearThatIsNoNumberIsRefused();
     void aNewPictureIsWritten();
@@ -75,6 +78,47 @@ void ID3v2SavingTest::whatTheUserDidNotTouchStays() {
     QCOMPARE(again->ID3V2Tag()->LyricsUnsynced(), std::string("one\r\ntwo"));
     QVERIFY(again->ID3V2Tag()->ID3V23Tag()->FrameList().find("APIC") != std::string::npos);
     QVERIFY(again->ID3V2Tag()->ID3V23Tag()->FrameList().find("TYER") == std::string::npos);
+}
+
+void ID3v2SavingTest::anEditKeepsTheRestOfAnUnusualText_data() {
+    QTest::addColumn<QByteArray>("box");
+    QTest::addColumn<QString>("frame");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a comment of two lines") << QByteArray("txtComment") << "COMM"
+                                            << "one\ntwo";
+    QTest::newRow("a blank that does not break")
+        << QByteArray("txtLyrics") << "USLT" << QString::fromUtf8("one\u00A0two\nthree");
+}
+
+void ID3v2SavingTest::anEditKeepsTheRestOfAnUnusualText() {
+    QFETCH(QByteArray, box);
+    QFETCH(QString, frame);
+    QFETCH(QString, text);
+    const auto given = give(Id3v2Builder().frame(frame.toStdString(), commentFrame("", text.toStdString())));
+    QVERIFY(showWindow(*control_));
+    type(child<QWidget>(*control_, box), "x");
+    control_->ID3V2Tag();
+    const std::string written = frame == "COMM" ? given->Comment() : given->LyricsUnsynced();
+    QCOMPARE(QString::fromStdString(written), 'x' + text);
+}
+
+// The box would lose the end with the first key.
+void ID3v2SavingTest::aTextLongerThanALineIsKeptWhole() {
+    const std::string text(40000, 'c');
+    const auto given = give(Id3v2Builder().frame("COMM", commentFrame("", text)).padding(50));
+    QVERIFY(showWindow(*control_));
+    control_->Locked(false); // changes nothing about it
+    type(line("txtComment"), "x");
+    type(line("txtTitle"), "x");
+    QVERIFY(!line("txtComment").toolTip().isEmpty());
+    QCOMPARE(line("txtComment").accessibleDescription(), line("txtComment").toolTip());
+    control_->ID3V2Tag();
+    QCOMPARE(given->Title(), std::string("x"));
+    QVERIFY(given->Comment() == text);
+    give(fullTag());
+    type(line("txtComment"), "x");
+    QCOMPARE(line("txtComment").text(), "xA comment");
+    QVERIFY(line("txtComment").toolTip().isEmpty());
 }
 
 void ID3v2SavingTest::anEmptiedFieldIsRemoved() {

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void deleteCannotBeUndoneWhateverIsAsked();
     void deleteWithoutSelectionLeavesTheText_data() { kinds(); }
     void deleteWithoutSelectionLeavesTheText();
+    void aBoxWithoutHistoryStaysWithout();
+    void aBoxOfLimitedLengthKeepsItsEnd_data();
+    void aBoxOfLimitedLengthKeepsItsEnd();
     void aLockedBoxKeepsItsText_data() { kinds(); }
     void aLockedBoxKeepsItsText();
 };
@@ -172,6 +175,41 @@ void cTextBoxTest::deleteWithoutSelectionLeavesTheText() {
     textBox.Delete();
     QCOMPARE(textOf(*box_), before);
     QVERIFY(textBox.CanUndo());
+}
+
+void cTextBoxTest::aBoxWithoutHistoryStaysWithout() {
+    QPlainTextEdit page("one two");
+    page.setUndoRedoEnabled(false);
+    select(page, 0, 4);
+    cTextBox textBox;
+    textBox.TextBox(&page);
+    textBox.Delete();
+    QCOMPARE(page.toPlainText(), "two");
+    QVERIFY(!page.isUndoRedoEnabled());
+}
+
+void cTextBoxTest::aBoxOfLimitedLengthKeepsItsEnd_data() {
+    QTest::addColumn<bool>("undoable");
+    QTest::addColumn<int>("selected");
+    QTest::addColumn<QString>("text");
+    for (const bool undoable : {true, false}) {
+        QTest::addRow("no room, %s", undoable ? "undoable" : "for good") << undoable << 0 << "abcde";
+        QTest::addRow("room for one, %s", undoable ? "undoable" : "for good") << undoable << 1 << "Xbcde";
+        QTest::addRow("room for both, %s", undoable ? "undoable" : "for good") << undoable << 3 << "XYde";
+    }
+}
+
+void cTextBoxTest::aBoxOfLimitedLengthKeepsItsEnd() {
+    QFETCH(bool, undoable);
+    QFETCH(int, selected);
+    QLineEdit line("abcde");
+    line.setMaxLength(5);
+    line.setCursorPosition(0);
+    if (selected > 0) line.setSelection(0, selected);
+    cTextBox textBox;
+    textBox.TextBox(&line);
+    textBox.ReplaceSelection("XY", undoable);
+    QTEST(line.text(), "text");
 }
 
 void cTextBoxTest::aLockedBoxKeepsItsText() {

@@ -245,6 +245,10 @@
         <source>Enco&amp;ded by</source>
         <translation>Ko&amp;diert von</translation>
     </message>
+    <message>
+        <source>This text is too long to be edited here.</source>
+        <translation>Dieser Text ist zu lang, um hier bearbeitet zu werden.</translation>
+    </message>
 </context>
 <context>
     <name>LyricsForm</name>
