@@ -190,6 +190,7 @@ void ID3v1::check() {
 }
 
 void ID3v1::enableFields() {
+    form_->editMenu->close();
     const bool wanted = HasTag();
     for (QLineEdit* box : form_->textBoxes()) box->setEnabled(wanted);
     form_->cmbGenre->setEnabled(wanted);

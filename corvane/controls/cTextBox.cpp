@@ -100,7 +100,8 @@ bool cTextBox::popUp() {
 }
 
 bool cTextBox::eventFilter(QObject* watched, QEvent* event) {
-    if (!contextMenu_ || !menuObject_) return QObject::eventFilter(watched, event);
+    if (!contextMenu_ || !menuObject_ || !watched_ || !watched_->isEnabled())
+        return QObject::eventFilter(watched, event);
     if (isMenuRequestOfMouse(*event)) return true;
     if (!isRightRelease(*event)) return QObject::eventFilter(watched, event);
     behindWall("cTextBox", [this] { popUp(); });

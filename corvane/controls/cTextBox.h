@@ -56,7 +56,7 @@ public:
     void DisableContextMenu(bool disable);
 
     // What a right click shows, and who shows it: an object with an invokable operation PopupMenu(QMenu*). With both, a
-    // right click on the box calls that operation and goes no further.
+    // right click on the box calls that operation and goes no further. A disabled box gets no clicks.
     void ContextMenu(QMenu* theMenu) { contextMenu_ = theMenu; }
     void MenuObject(QObject* theMenuObject) { menuObject_ = theMenuObject; }
 

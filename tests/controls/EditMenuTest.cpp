@@ -51,7 +51,10 @@ private Q_SLOTS:
     void aBoxWithoutFocusGetsIt();
     void theMenuKeyShowsTheMenu_data() { kinds(); }
     void theMenuKeyShowsTheMenu();
+    void aLongTouchShowsTheMenu();
     void theMousesOwnRequestShowsNoSecondMenu();
+    void aDisabledBoxHasNoMenu_data() { kinds(); }
+    void aDisabledBoxHasNoMenu();
     void entriesAreEnabledOnlyWhenPossible_data();
     void entriesAreEnabledOnlyWhenPossible();
     void entriesWorkOnTheBox_data();
@@ -59,6 +62,7 @@ private Q_SLOTS:
     void theMenuIsUsedWithKeys();
     void formatsConvertTheWholeText_data();
     void formatsConvertTheWholeText();
+    void aFormatKeepsBlanksThatDoNotBreak();
     void aFormatCanBeUndone();
     void theBoxesOwnMenuIsGone();
     void entriesHaveMnemonicsOfTheirOwn();
@@ -135,6 +139,21 @@ void EditMenuTest::theMenuKeyShowsTheMenu() {
     QContextMenuEvent request(QContextMenuEvent::Keyboard, QPoint(3, 3), box().mapToGlobal(QPoint(3, 3)));
     QCoreApplication::sendEvent(&box(), &request);
     QVERIFY(menu().isVisible());
+}
+
+// Whatever asks without a press of the mouse before it.
+void EditMenuTest::aLongTouchShowsTheMenu() {
+    QContextMenuEvent request(QContextMenuEvent::Other, QPoint(3, 3), window_->line.mapToGlobal(QPoint(3, 3)));
+    QCoreApplication::sendEvent(&window_->line, &request);
+    QVERIFY(menu().isVisible());
+}
+
+// A menu would enable the box when it closes.
+void EditMenuTest::aDisabledBoxHasNoMenu() {
+    box().setEnabled(false);
+    rightClick(box());
+    QVERIFY(!menu().isVisible());
+    QVERIFY(!box().isEnabled());
 }
 
 void EditMenuTest::theMousesOwnRequestShowsNoSecondMenu() {
@@ -245,6 +264,14 @@ void EditMenuTest::formatsConvertTheWholeText() {
     QTest::keyClick(&menu(), Qt::Key_Escape);
     entry(qPrintable(name)).trigger();
     QCOMPARE(window_->line.text(), text);
+}
+
+void EditMenuTest::aFormatKeepsBlanksThatDoNotBreak() {
+    window_->page.setPlainText(QString::fromUtf8("one\u00A0two\nthree"));
+    open(window_->page);
+    menu().close();
+    entry("mnuFormatUpperCase").trigger();
+    QVERIFY(window_->page.document()->toRawText().contains(QString::fromUtf8("ONE\u00A0TWO")));
 }
 
 void EditMenuTest::aFormatCanBeUndone() {

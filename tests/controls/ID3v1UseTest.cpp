@@ -23,6 +23,7 @@ private Q_SLOTS:
     void checkingKeepsTheTagThatIsThere();
     void uncheckingDisablesTheFields();
     void theGreyThirdStateDoesNothing();
+    void aTagEndsTheGreyThirdState();
     void theHostIsAskedToSaveOrRemove_data();
     void theHostIsAskedToSaveOrRemove();
     void aFileWithoutTagHasNothingToRemove();
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void mnemonicsLeadToTheFields();
     void everyFieldHasANameForScreenReaders();
     void aRightClickOffersTheEditMenu();
+    void anotherTagClosesTheEditMenu();
     void formatsConvertATitle();
     void aMenuCanBeShownByName();
     void thePalettesRolesColourTheFields();
@@ -86,6 +88,16 @@ void ID3v1UseTest::theGreyThirdStateDoesNothing() {
     check().setCheckState(Qt::PartiallyChecked);
     QVERIFY(!line("txtTitle").isEnabled());
     QCOMPARE(control().TagCount(), 0);
+}
+
+void ID3v1UseTest::aTagEndsTheGreyThirdState() {
+    check().setCheckState(Qt::PartiallyChecked);
+    control().ID3v1xTag(tag("One"));
+    QCOMPARE(check().checkState(), Qt::Checked);
+    QVERIFY(control().HasTag() && line("txtTitle").isEnabled());
+    check().setCheckState(Qt::PartiallyChecked);
+    control().ID3v1xTag(nullptr);
+    QCOMPARE(check().checkState(), Qt::Unchecked);
 }
 
 void ID3v1UseTest::theHostIsAskedToSaveOrRemove_data() {
@@ -298,6 +310,15 @@ void ID3v1UseTest::aRightClickOffersTheEditMenu() {
         QTest::keyClick(&menu, Qt::Key_Escape);
         QVERIFY(line(name).isEnabled() && line(name).hasFocus());
     }
+}
+
+void ID3v1UseTest::anotherTagClosesTheEditMenu() {
+    control().ID3v1xTag(tag("One"));
+    QVERIFY(showWindow(control()));
+    rightClick(line("txtTitle"));
+    control().ID3v1xTag(nullptr); // a host may show another file at any time
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(!line("txtTitle").isEnabled());
 }
 
 void ID3v1UseTest::formatsConvertATitle() {

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void cleanup() { end(); }
 
     void theBoxLocksAndUnlocks();
+    void aTagEndsTheGreyThirdState();
     void theHostIsAskedToSaveOrRemove_data();
     void theHostIsAskedToSaveOrRemove();
     void disablingReachesFieldsAndButtons();
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void everyBoxHasANameForScreenReaders();
     void mnemonicsAreDistinct();
     void aRightClickOffersTheEditMenu();
+    void anotherTagClosesTheEditMenu();
 };
 
 void ID3v2UseTest::theBoxLocksAndUnlocks() {
@@ -49,6 +51,13 @@ void ID3v2UseTest::theBoxLocksAndUnlocks() {
     check().setFocus();
     QTest::keyClick(&check(), Qt::Key_Space);
     QVERIFY(!control_->Locked());
+}
+
+void ID3v2UseTest::aTagEndsTheGreyThirdState() {
+    check().setCheckState(Qt::PartiallyChecked);
+    give(fullTag());
+    QCOMPARE(check().checkState(), Qt::Checked);
+    QVERIFY(control_->saveTag() && !control_->Locked());
 }
 
 void ID3v2UseTest::theHostIsAskedToSaveOrRemove_data() {
@@ -232,6 +241,15 @@ void ID3v2UseTest::aRightClickOffersTheEditMenu() {
         QTest::keyClick(&menu, Qt::Key_Escape);
         QVERIFY(box.isEnabled() && box.hasFocus());
     }
+}
+
+void ID3v2UseTest::anotherTagClosesTheEditMenu() {
+    give(fullTag());
+    QVERIFY(showWindow(*control_));
+    rightClick(line("txtTitle"));
+    control_->ID3V2Tag(nullptr); // a host may show another file at any time
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(!line("txtTitle").isEnabled());
 }
 
 static const bool kRegistered = registerTest<ID3v2UseTest>("ID3v2UseTest");

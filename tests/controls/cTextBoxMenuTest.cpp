@@ -29,6 +29,10 @@ private Q_SLOTS:
     void anObjectWithoutTheOperationIsNoFailure_data() { kinds(); }
     void anObjectWithoutTheOperationIsNoFailure();
     void disablingTheMenuTakesABox();
+    void aDisabledBoxShowsNoMenu_data() { kinds(); }
+    void aDisabledBoxShowsNoMenu();
+    void aDisabledMenuIsNotShown_data() { kinds(); }
+    void aDisabledMenuIsNotShown();
     void theBoxGetsItsMenuBack_data() { kinds(); }
     void theBoxGetsItsMenuBack();
     void aBoxThatWasGivenUpIsLeftAlone_data() { kinds(); }
@@ -102,6 +106,31 @@ void cTextBoxMenuTest::disablingTheMenuTakesABox() {
     cTextBox textBox;
     textBox.DisableContextMenu(true);
     QVERIFY(!textBox.DisableContextMenu());
+}
+
+void cTextBoxMenuTest::aDisabledBoxShowsNoMenu() {
+    cTextBox& textBox = wrapped("one");
+    QMenu menu;
+    textBox.ContextMenu(&menu);
+    textBox.MenuObject(owner_.get());
+    box_->setEnabled(false);
+    rightClick(*box_);
+    QVERIFY(owner_->shown.isEmpty());
+}
+
+void cTextBoxMenuTest::aDisabledMenuIsNotShown() {
+    cTextBox& textBox = wrapped("one");
+    const auto asked = [this] {
+        QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(5, 5), box_->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(surfaceOf(*box_), &request);
+        QWidget* shown = QApplication::activePopupWidget();
+        if (shown) shown->close();
+        return shown != nullptr;
+    };
+    textBox.DisableContextMenu(true);
+    QVERIFY(!asked());
+    textBox.DisableContextMenu(false);
+    QVERIFY(asked());
 }
 
 void cTextBoxMenuTest::theBoxGetsItsMenuBack() {
