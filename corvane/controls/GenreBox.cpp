@@ -6,6 +6,8 @@
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <string>
 
 namespace corvane::controls {
@@ -70,6 +72,7 @@ void GenreBox::showGenre(std::uint8_t genre, const Genres& names) {
 
 // A list without any such text would select its first item instead of none.
 void GenreBox::clearGenre(const QString& ownText) {
+    changeTold_ = false;
     const QScopedValueRollback showing(showing_, true);
     setPlaceholderText(ownText.isEmpty() ? QStringLiteral(" ") : ownText);
     setCurrentIndex(-1);
@@ -88,6 +91,20 @@ void GenreBox::choose(Told told) {
         showNumber(currentIndex() < 0 ? std::nullopt : std::optional(currentData().toInt()));
         Q_EMIT genreChosen();
     });
+}
+
+// Styles shade a list as a button, which may turn the grey of an untouched field into white. With a background of its
+// own it shows exactly that one behind its text, as a text box does.
+void GenreBox::paintEvent(QPaintEvent* event) {
+    QComboBox::paintEvent(event);
+    if (!testAttribute(Qt::WA_SetPalette)) return;
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    if (currentIndex() < 0) option.currentText = placeholderText();
+    QStylePainter painter(this);
+    painter.fillRect(style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this),
+                     option.palette.button());
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 // Nothing chooses in a locked list, and the wheel does not choose in one that only happens to be under the pointer.

@@ -41,6 +41,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void fill();

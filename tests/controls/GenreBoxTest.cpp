@@ -23,6 +23,7 @@ private Q_SLOTS:
     void showingIsNoChoice();
     void aChoiceIsToldOnce();
     void choosingTheSameAgainIsTold();
+    void choosingWhatWasShownMeanwhileIsTold();
     void namesComeFromTheGivenList();
     void aTextOfItsOwnIsSeenUntilAnItemIsChosen();
     void aLockedListIgnoresKeysAndClicks();
@@ -77,6 +78,17 @@ void GenreBoxTest::choosingTheSameAgainIsTold() {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QTRY_COMPARE(chosen.count(), 1);
     QCOMPARE(box().genre(), std::uint8_t{17});
+}
+
+// A program that selects an item tells a change only, which has to be forgotten with the genre that it was.
+void GenreBoxTest::choosingWhatWasShownMeanwhileIsTold() {
+    box().setCurrentIndex(17);
+    box().showGenre(17, Genres());
+    const QSignalSpy chosen(&box(), &GenreBox::genreChosen);
+    box().showPopup();
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_COMPARE(chosen.count(), 1);
 }
 
 void GenreBoxTest::namesComeFromTheGivenList() {

@@ -1,9 +1,11 @@
 #include "corvane/controls/ID3v1.h"
 
+#include "tests/controls/DarkPalette.h"
 #include "tests/controls/ID3v1Fixture.h"
 #include "tests/controls/Registry.h"
 
 #include <QSignalSpy>
+#include <QStyle>
 #include <QtTest>
 
 using namespace corvane::controls;
@@ -27,6 +29,8 @@ private Q_SLOTS:
 
     void tagsAreAdded();
     void anUntouchedFieldIsGreyAndUnchanged();
+    void anUntouchedGenreIsSeenToBeGrey_data();
+    void anUntouchedGenreIsSeenToBeGrey();
     void typingTurnsTheFieldWhiteAndChanged_data();
     void typingTurnsTheFieldWhiteAndChanged();
     void theGenreChangesByChoice();
@@ -85,6 +89,28 @@ void ID3v1ManyTagsTest::anUntouchedFieldIsGreyAndUnchanged() {
     QCOMPARE(genres().palette().color(QPalette::Active, QPalette::Button), grey());
     QVERIFY(changed().isEmpty());
     QCOMPARE(control().VisibilityMode(), temEditMany);
+}
+
+void ID3v1ManyTagsTest::anUntouchedGenreIsSeenToBeGrey_data() {
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+// What the style paints, whatever it makes of the palette.
+void ID3v1ManyTagsTest::anUntouchedGenreIsSeenToBeGrey() {
+    QFETCH(bool, dark);
+    control().setPalette(dark ? darkPalette() : QApplication::style()->standardPalette());
+    control().ID3v1xTag(tag("One"));
+    const auto painted = [](QWidget& field) {
+        const QImage picture = field.grab().toImage();
+        return picture.pixelColor(picture.width() * 2 / 3, picture.height() / 2);
+    };
+    QCOMPARE(painted(genres()), painted(line("txtArtist")));
+    line("txtTitle").setText("changed");
+    genres().setCurrentIndex(3);
+    QCOMPARE(painted(genres()), painted(line("txtTitle")));
+    QVERIFY(painted(genres()) != painted(line("txtArtist")));
 }
 
 void ID3v1ManyTagsTest::typingTurnsTheFieldWhiteAndChanged_data() {
