@@ -11,6 +11,17 @@ namespace {
 
 constexpr int kSideMargin = 20; // pixels; where the lines begin, and what stays free behind them
 
+// A font has its size in points or in pixels.
+QFont large(QFont font) {
+    font.setBold(true);
+    if (font.pointSizeF() > 0) {
+        font.setPointSizeF(font.pointSizeF() * 1.5);
+    } else {
+        font.setPixelSize(font.pixelSize() * 3 / 2);
+    }
+    return font;
+}
+
 } // namespace
 
 Corvane::Corvane(QWidget* parent) : QWidget(parent), fileHandler_(std::make_shared<corvane::FileHandler>()) {
@@ -18,10 +29,7 @@ Corvane::Corvane(QWidget* parent) : QWidget(parent), fileHandler_(std::make_shar
     lines->setContentsMargins(kSideMargin, kSideMargin / 2, kSideMargin, kSideMargin / 2);
     lines->addWidget(addLine("lblManufacturer", kCompanyName));
     QLabel* caption = addLine("lblCaption", kProductName);
-    QFont large = caption->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.5);
-    caption->setFont(large);
+    caption->setFont(large(caption->font()));
     lines->addWidget(caption);
     lines->addWidget(addLine("lblCopyright", kLegalCopyright));
     lines->addStretch();

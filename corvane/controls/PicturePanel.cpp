@@ -123,7 +123,7 @@ bool PicturePanel::take(const QByteArray& bytes) {
 
 void PicturePanel::tellRefusal() { facts_->setText(tr("The file holds no JPEG, PNG, GIF or BMP picture.")); }
 
-// The dialog does not stop the window: the picture is loaded when a file has been chosen.
+// The dialog does not stop the program: the picture is loaded when a file has been chosen, if it can be changed then.
 void PicturePanel::choose() {
     auto* dialog = new QFileDialog(this, tr("Load Picture"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -132,7 +132,7 @@ void PicturePanel::choose() {
         {tr("Bitmaps and JPG Files (*.BMP *.JPG *.GIF)"), tr("All Pictures (*.bmp *.jpg *.jpeg *.gif *.png)")});
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
         behindWall("PicturePanel", [&] {
-            if (!load(file)) tellRefusal();
+            if (changeable_ && !load(file)) tellRefusal();
         });
     });
     dialog->open();

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void theFileHandlerOutlivesTheControlForWhoHoldsIt();
     void threeLinesTellAboutTheLibrary_data();
     void threeLinesTellAboutTheLibrary();
+    void theProductsNameIsTheLargest_data();
+    void theProductsNameIsTheLargest();
     void theLinesStandOneBelowTheOther();
     void resizingKeepsTheLeftAndFillsTheWidth_data();
     void resizingKeepsTheLeftAndFillsTheWidth();
@@ -60,6 +62,24 @@ void CorvaneTest::threeLinesTellAboutTheLibrary() {
     QFETCH(QString, text);
     Container control;
     QCOMPARE(child<QLabel>(control, qPrintable(name)).text(), text);
+}
+
+void CorvaneTest::theProductsNameIsTheLargest_data() {
+    QTest::addColumn<bool>("pixels");
+    QTest::newRow("a font of points") << false;
+    QTest::newRow("a font of pixels") << true;
+}
+
+void CorvaneTest::theProductsNameIsTheLargest() {
+    QFETCH(bool, pixels);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    if (pixels) font.setPixelSize(14);
+    QApplication::setFont(font);
+    Container control;
+    QApplication::setFont(before);
+    const QFontMetrics caption = child<QLabel>(control, "lblCaption").fontMetrics();
+    QVERIFY(caption.height() * 4 > child<QLabel>(control, "lblCopyright").fontMetrics().height() * 5);
 }
 
 void CorvaneTest::theLinesStandOneBelowTheOther() {

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void theDialogLoadsTheChosenFile();
     void theDialogOffersTheNamedFilterFirst();
     void aChosenFileThatIsNoPictureIsTold();
+    void aPanelThatIsLockedMeanwhileKeepsItsPicture();
     void anImageFileCanBeDropped();
     void pixelsCanBeDropped();
     void otherThingsCannotBeDropped();
@@ -140,6 +141,16 @@ void PicturePanelTest::aChosenFileThatIsNoPictureIsTold() {
     auto* dialog = panel_->findChild<QFileDialog*>();
     Q_EMIT dialog->fileSelected(QString::fromStdString(folder_->path("text.jpg")));
     QVERIFY(facts().contains("no JPEG"));
+    QVERIFY(panel_->picture() == nullptr);
+}
+
+// The dialog does not stop the program, which may show a tag that cannot be saved before a file is chosen.
+void PicturePanelTest::aPanelThatIsLockedMeanwhileKeepsItsPicture() {
+    const QString path = write("cover.jpg", jpegImage(30, 30));
+    panel_->loadButton()->click();
+    auto* dialog = panel_->findChild<QFileDialog*>();
+    panel_->setChangeable(false);
+    Q_EMIT dialog->fileSelected(path);
     QVERIFY(panel_->picture() == nullptr);
 }
 
