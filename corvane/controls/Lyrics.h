@@ -38,7 +38,8 @@ public:
     void Locked(bool value);
 
     // Shows a tag: the box is checked and cannot be changed, the fields are disabled. Nothing (a file without a tag)
-    // leaves the box to the user, and the fields locked.
+    // leaves the box to the user, and the fields locked. Fields that a tag has disabled stay so until the host enables
+    // them.
     void LyricsTag(std::shared_ptr<corvane::LyricsTag> theLyricsTag);
 
     bool removeTag() const; // the user wants no tag: the box is there to check and is not checked

@@ -11,6 +11,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <exception>
 #include <iostream>
 
 namespace {
@@ -46,8 +47,9 @@ public:
     }
 
 private:
-    // The controls tell what the user wants; the host does it.
-    void save() {
+    // The controls tell what the user wants; the host does it. A year that is no number fails, and Qt's event loop,
+    // which calls this, carries no failures.
+    void save() try {
         const auto handler = container_.FileHandler();
         if (id3v1_.saveTag()) handler->ID3v1xTag(id3v1_.ID3v1xTag());
         if (id3v1_.saveTag()) told(handler->writeID3v1xTag(), handler->LastError());
@@ -57,6 +59,8 @@ private:
         // Nothing for a file without a tag of this version.
         const auto reader = id3v2_.removeTag() ? tag->ID3V23Tag() : nullptr;
         if (reader) told(reader->removeTag(), reader->LastError());
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
     }
 
     static bool told(bool done, const std::shared_ptr<corvane::TagError>& error) {

@@ -48,6 +48,8 @@ private Q_SLOTS:
     void clearEmptiesAllFields();
     void checkingUnlocksAndUncheckingLocks();
     void theGreyThirdStateDoesNothing();
+    void aTagEndsTheGreyThirdState();
+    void aTagDisablesUntilTheHostEnables();
     void fieldsAreEditableWhenEnabledAndNotLocked_data();
     void fieldsAreEditableWhenEnabledAndNotLocked();
     void aLockedFieldTakesNoKeysButGivesItsText();
@@ -145,6 +147,25 @@ void LyricsTest::theGreyThirdStateDoesNothing() {
     check().setCheckState(Qt::Checked);
     check().setCheckState(Qt::PartiallyChecked);
     QVERIFY(!control_->Locked());
+}
+
+void LyricsTest::aTagEndsTheGreyThirdState() {
+    check().setCheckState(Qt::PartiallyChecked);
+    control_->LyricsTag(lyricsTag());
+    QCOMPARE(check().checkState(), Qt::Checked);
+    QVERIFY(control_->HasTag());
+}
+
+// Giving no tag locks the fields, which the user's check mark ends; that they are disabled stays.
+void LyricsTest::aTagDisablesUntilTheHostEnables() {
+    control_->LyricsTag(lyricsTag());
+    control_->LyricsTag(nullptr);
+    QVERIFY(!control_->Enabled());
+    check().click();
+    QVERIFY(!control_->Locked());
+    QVERIFY(line("txtTitle").isReadOnly());
+    control_->Enabled(true);
+    QVERIFY(!line("txtTitle").isReadOnly());
 }
 
 void LyricsTest::fieldsAreEditableWhenEnabledAndNotLocked_data() {
