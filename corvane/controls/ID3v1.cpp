@@ -229,6 +229,7 @@ void ID3v1::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && form_) {
         for (const TrackedField& field : form_->fields) field.paint();
     }
+    if (event->type() == QEvent::FontChange && form_) form_->fitToFont();
     if (event->type() == QEvent::EnabledChange) Q_EMIT tagRequestChanged();
 }
 

@@ -110,14 +110,18 @@ QLayout* Id3v1Form::head() const {
 
 QLayout* Id3v1Form::yearAndTrack() {
     auto* row = new QHBoxLayout;
-    fitTo(*txtYear, QStringLiteral("000000"));
-    fitTo(*txtTrack, QStringLiteral("0000"));
+    fitToFont();
     row->addWidget(txtYear);
     row->addWidget(yearLimit);
     row->addStretch();
     row->addWidget(label(tr("Trac&k"), *txtTrack));
     row->addWidget(txtTrack);
     return row;
+}
+
+void Id3v1Form::fitToFont() const {
+    fitTo(*txtYear, QStringLiteral("000000"));
+    fitTo(*txtTrack, QStringLiteral("0000"));
 }
 
 void Id3v1Form::orderTabs() const {

@@ -34,6 +34,9 @@ public:
     // Shows "2 of 5" and offers what can be reached; nothing of it where there is nothing to step through.
     void showPosition(std::size_t offset, std::size_t count, bool isStepping) const;
 
+    // Makes the boxes of the short numbers as wide as these are in the font of the boxes.
+    void fitToFont() const;
+
     TrackedField& field(Id3v1Field field) { return fields[static_cast<std::size_t>(field)]; }
 
     QCheckBox* chkID3v1;

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void anotherTagClosesTheEditMenu();
     void formatsConvertATitle();
     void aMenuCanBeShownByName();
+    void theFieldsFollowTheFont();
     void thePalettesRolesColourTheFields();
 };
 
@@ -340,6 +341,15 @@ void ID3v1UseTest::aMenuCanBeShownByName() {
     QVERIFY(QMetaObject::invokeMethod(&control(), "PopupMenu", Q_ARG(QMenu*, &menu)));
     QVERIFY(menu.isVisible());
     control().PopupMenu(nullptr);
+}
+
+void ID3v1UseTest::theFieldsFollowTheFont() {
+    QFont large = control().font();
+    large.setPixelSize(60);
+    control().setFont(large);
+    for (const auto& [name, number] : {std::pair("txtYear", "2026"), std::pair("txtTrack", "255")}) {
+        QVERIFY(line(name).width() > line(name).fontMetrics().horizontalAdvance(QLatin1String(number)));
+    }
 }
 
 void ID3v1UseTest::thePalettesRolesColourTheFields() {
