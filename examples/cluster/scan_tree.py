@@ -25,9 +25,10 @@ FIELDS = ("path", "title", "artist", "album", "year", "track", "genre", "comment
 SUFFIX = b".mp3"
 
 
-def is_folder(path, follow_links):
+def leads_to_folder(entry, follow_links):
+    """False for a link that leads nowhere or round in a circle: that is a file which cannot be read."""
     with contextlib.suppress(OSError):
-        return stat.S_ISDIR(os.stat(path, follow_symlinks=follow_links).st_mode)
+        return entry.is_dir(follow_symlinks=follow_links)
     return False
 
 
@@ -37,19 +38,25 @@ def entries(folder, report):
     try:
         with os.scandir(folder) as found:
             for entry in found:
-                if entry.is_dir(follow_symlinks=False):
+                if leads_to_folder(entry, False):
                     names.append(entry.name + b"/")
-                elif entry.name.lower().endswith(SUFFIX) and not entry.is_dir():
+                elif entry.name.lower().endswith(SUFFIX) and not leads_to_folder(entry, True):
                     names.append(entry.name)
     except OSError as problem:
         report(os.fsdecode(folder), problem.strerror)
     return sorted(names)
 
 
+def is_folder(path):
+    with contextlib.suppress(OSError):
+        return stat.S_ISDIR(os.stat(path).st_mode)
+    return False
+
+
 def walk(roots, report):
     """The files of a scan in its order, as `corvane.scan` finds them; nothing is read but folders."""
     waiting = [os.fsencode(root) for root in reversed(roots)]
-    waiting = [root.rstrip(b"/") + b"/" if is_folder(root, True) else root for root in waiting]
+    waiting = [root + b"/" if is_folder(root) and not root.endswith(b"/") else root for root in waiting]
     while waiting:
         path = waiting.pop()
         if path.endswith(b"/"):
@@ -76,26 +83,39 @@ def scan_batch(paths):
     return list(corvane.scan(paths, jobs=1))
 
 
+def result_of(future, batch):
+    """The dictionaries of a batch; those of files that cannot be read when no worker could do it, whatever the reason."""
+    try:
+        return future.result()
+    except Exception as problem:  # pylint: disable=broad-exception-caught  # a worker without the module, or out of memory
+        reason = f"{type(problem).__name__}: {problem}".splitlines()[0]
+        return [{"path": path, "error": reason} for path in batch]
+
+
 def rows(client, paths, batch_size=200, show_progress=False):
     """The dictionaries of all files in the order of the paths, while the cluster goes on behind them."""
-    futures = client.map(scan_batch, list(batches(paths, batch_size)), pure=False, retries=2)
+    waiting = list(batches(paths, batch_size))
+    futures = client.map(scan_batch, waiting, pure=False, retries=2)
+    bar = threading.Thread(target=progress, args=(futures,), daemon=True)
     if show_progress and futures:
-        threading.Thread(target=progress, args=(futures,), daemon=True).start()
+        bar.start()
     for number, future in enumerate(futures):
-        yield from future.result()
+        yield from result_of(future, waiting[number])
         futures[number] = None  # the workers may forget it now
+    if bar.is_alive():
+        bar.join(1)  # it takes itself off the terminal
 
 
 class JsonLines:
     def __init__(self, path):
-        self.file = sys.stdout if path == "-" else open(path, "w", encoding="utf-8")
+        self.file = sys.__stdout__ if path == "-" else open(path, "w", encoding="utf-8")
 
     def write(self, row):
         self.file.write(json.dumps(row) + "\n")
 
     def close(self):
         self.file.flush()
-        if self.file is not sys.stdout:
+        if self.file is not sys.__stdout__:
             self.file.close()
 
 
@@ -151,15 +171,25 @@ def connect(stack, scheduler, workers):
     return stack.enter_context(Client(cluster))
 
 
-def options():
+def positive(word):
+    number = int(word)
+    if number < 1:
+        raise ValueError
+    return number
+
+
+def options(words=None):
     parser = argparse.ArgumentParser(description="Scan a tree of MP3 files with Dask distributed.")
     parser.add_argument("folders", nargs="+", metavar="FOLDER")
     parser.add_argument("--output", default="-", metavar="FILE", help=".jsonl, or .parquet; standard output by default")
     parser.add_argument("--scheduler", metavar="ADDRESS", help="of a cluster; without it one is started on this machine")
-    parser.add_argument("--workers", type=int, default=2, metavar="N", help="processes on this machine (2)")
-    parser.add_argument("--batch", type=int, default=200, metavar="N", help="files that a worker takes at once (200)")
+    parser.add_argument("--workers", type=positive, default=2, metavar="N", help="processes on this machine (2)")
+    parser.add_argument("--batch", type=positive, default=200, metavar="N", help="files that a worker takes at once (200)")
     parser.add_argument("--quiet", action="store_true", help="no progress bar")
-    return parser.parse_args()
+    chosen = parser.parse_args(words)
+    if chosen.scheduler and not all(map(os.path.isabs, chosen.folders)):
+        parser.error("with --scheduler, name the folders by their whole paths: workers have other current folders")
+    return chosen
 
 
 def main():
@@ -167,10 +197,12 @@ def main():
     failures = []
     paths = walk(chosen.folders, lambda folder, reason: failures.append((folder, reason)))
     output = output_of(chosen.output)
+    shows_progress = sys.stderr.isatty() and not chosen.quiet and not (chosen.output == "-" and sys.stdout.isatty())
+    sys.stdout = sys.stderr  # where Dask draws its bar: not between the lines of the output
     with contextlib.ExitStack() as stack, contextlib.closing(output):
         client = connect(stack, chosen.scheduler, chosen.workers)
         print(f"dashboard: {client.dashboard_link}", file=sys.stderr)
-        for row in rows(client, paths, chosen.batch, not chosen.quiet and sys.stderr.isatty()):
+        for row in rows(client, paths, chosen.batch, shows_progress):
             output.write(row)
             if "error" in row:
                 failures.append((row["path"], row["error"]))

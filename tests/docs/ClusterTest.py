@@ -3,9 +3,12 @@
 
     ClusterTest.py FOLDER_OF_THE_MODULE SAMPLE_FILE
 """
+import contextlib
 import importlib.util
+import io
 import json
 import os
+import pty
 import shutil
 import signal
 import subprocess
@@ -37,6 +40,12 @@ def scan_slowly(paths):
     return list(corvane.scan(paths, jobs=1))
 
 
+def scan_in_vain(paths):
+    if any(path.endswith("/5.mp3") for path in paths):
+        raise ModuleNotFoundError("no module for 5")
+    return scan_slowly(paths)
+
+
 class Cluster(unittest.TestCase):
     def setUp(self):
         scratch = tempfile.TemporaryDirectory(prefix="corvane-cluster-")
@@ -60,6 +69,7 @@ class Cluster(unittest.TestCase):
         self.write("zip.mp3", b"PK\3\4" + bytes(100))
         self.write("empty.mp3", b"")
         (self.tree / "gone.mp3").symlink_to("nowhere")
+        (self.tree / "circle.mp3").symlink_to("circle.mp3")
         (self.tree / "loop").symlink_to(self.tree, target_is_directory=True)
         for number in range(101):
             self.write(f"many/{number}.mp3")
@@ -67,12 +77,27 @@ class Cluster(unittest.TestCase):
     def run_script(self, *words):
         return subprocess.run([sys.executable, SCRIPT, *words], capture_output=True, text=True, timeout=100, check=False)
 
+    def run_on_terminal(self, *words):
+        """Exit code, standard output, and what a terminal shows of standard error."""
+        terminal, end = pty.openpty()
+        self.addCleanup(os.close, terminal)
+        output = self.folder / "output"
+        with open(output, "wb") as file:
+            process = subprocess.Popen([sys.executable, SCRIPT, *words], stdout=file, stderr=end)
+        os.close(end)
+        shown = b""
+        with contextlib.suppress(OSError):  # once nobody has it open any more
+            while part := os.read(terminal, 4096):
+                shown += part
+        return process.wait(100), output.read_text("utf-8"), shown.decode("utf-8", "replace")
+
     def test_the_walk_is_that_of_a_scan(self):
         self.fill()
         unreadable = []
-        paths = list(scan_tree.walk([self.tree, self.tree / "b.mp3"], lambda *what: unreadable.append(what)))
-        self.assertEqual(paths, [song["path"] for song in corvane.scan([self.tree, self.tree / "b.mp3"])])
-        self.assertEqual((len(paths), unreadable), (112, []))
+        roots = [self.tree, self.tree / "b.mp3", f"{self.tree}//"]
+        paths = list(scan_tree.walk(roots, lambda *what: unreadable.append(what)))
+        self.assertEqual(paths, [song["path"] for song in corvane.scan(roots)])
+        self.assertEqual((len(paths), unreadable), (112 + 1 + 112, []))
         self.assertEqual(list(scan_tree.walk([self.tree / "nothing.mp3"], None)), [str(self.tree / "nothing.mp3")])
 
     def test_two_processes_write_what_one_finds_and_list_what_failed(self):
@@ -82,7 +107,7 @@ class Cluster(unittest.TestCase):
         expected = list(corvane.scan(self.tree))
         self.assertEqual([json.loads(line) for line in output.read_text("utf-8").splitlines()], expected)
         failed = [f"{song['path']}: {song['error']}" for song in expected if "error" in song]
-        self.assertEqual(len(failed), 2)  # the archive and the link
+        self.assertEqual(len(failed), 3)  # the archive and the links
         self.assertEqual((done.returncode, done.stdout), (1, ""))
         # A busy machine makes Dask talk as well.
         self.assertEqual([line for line in done.stderr.splitlines() if line.startswith(str(self.tree))], failed)
@@ -101,12 +126,21 @@ class Cluster(unittest.TestCase):
         start("dask-worker", "--scheduler-file", address, "--nthreads", 1, "--no-dashboard")
         while not address.exists() or not address.read_text("utf-8").endswith("}"):
             time.sleep(0.05)
-        output = self.folder / "songs.jsonl"
-        done = self.run_script(self.tree, "--output", output, "--scheduler", json.loads(address.read_text("utf-8"))["address"])
-        self.assertEqual(done.returncode, 1, done.stderr)
-        self.assertEqual([json.loads(line) for line in output.read_text("utf-8").splitlines()], list(corvane.scan(self.tree)))
+        code, printed, shown = self.run_on_terminal(self.tree, "--scheduler", json.loads(address.read_text("utf-8"))["address"])
+        self.assertEqual(code, 1, shown)
+        self.assertEqual([json.loads(line) for line in printed.splitlines()], list(corvane.scan(self.tree)))
+        self.assertIn("% Completed", shown)  # the bar stands on the terminal and not between the lines
 
-    def test_a_worker_that_is_killed_in_the_middle_loses_nothing(self):
+    def test_wrong_use_is_told_before_a_cluster_is_asked_for(self):
+        for words, reason in ((["--workers", "0"], "workers"), (["--batch", "-1"], "batch"),
+                              (["--scheduler", "tcp://nowhere:1"], "whole paths")):
+            said = io.StringIO()
+            with self.subTest(words), self.assertRaises(SystemExit) as ended, contextlib.redirect_stderr(said):
+                scan_tree.options(["music", *words])
+            self.assertEqual(ended.exception.code, 2)
+            self.assertIn(reason, said.getvalue())
+
+    def test_a_worker_that_is_killed_loses_nothing_and_a_batch_that_nobody_can_do_is_listed(self):
         for number in range(600):
             self.write(f"{number}.mp3", b"no audio")
         expected = list(corvane.scan(self.tree))
@@ -121,6 +155,10 @@ class Cluster(unittest.TestCase):
             rest = list(found)
             self.assertGreater(time.monotonic() - killed_at, SECONDS_OF_A_BATCH)  # there was work left
             self.assertNotEqual(client.run(os.getpid), pids)
+            scan_tree.scan_batch = scan_in_vain
+            found = list(scan_tree.rows(client, [f"{self.tree}/{number}.mp3" for number in range(9)], batch_size=3))
+            self.assertEqual([song.get("error") for song in found],
+                             3 * [None] + 3 * ["ModuleNotFoundError: no module for 5"] + 3 * [None])
         self.assertEqual(first + rest, expected)
 
     def test_parquet_holds_the_same(self):
