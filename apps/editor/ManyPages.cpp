@@ -267,14 +267,14 @@ void ManyPages::takeId3v1() {
         last = now[flag.field];
         emitEdit(
             [field = flag.field, text = *last](FileTags tags) {
-                tags.v1.present = true;
-                tags.v1[field] = text;
+                if (tags.v1.present) tags.v1[field] = text;
                 return tags;
             },
             QStringLiteral("v1 %1").arg(static_cast<int>(flag.field)));
     }
 }
 
+// All records come or go, not only the one that is looked at.
 void ManyPages::wantId3v1(bool wanted) {
     emitEdit(
         [wanted](FileTags tags) {
@@ -282,6 +282,8 @@ void ManyPages::wantId3v1(bool wanted) {
             return tags;
         },
         QStringLiteral("v1 present"));
+    isId3v1Shown_ = false;
+    showId3v1();
 }
 
 } // namespace corvane::editor

@@ -4,7 +4,9 @@
 #include "apps/editor/NumberDialog.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
+#include "tests/support/ImageBuilder.h"
 
+#include <QCheckBox>
 #include <QRadioButton>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -114,6 +116,84 @@ private Q_SLOTS:
             QCOMPARE(tags.v1[Field::Comment], std::string("For all records"));
             QCOMPARE(tags.v2[Field::Comment], std::string());
         }
+    }
+
+    void Id3v1PageGivesNoFileARecordByATextAlone() {
+        EditorWindow window;
+        const Mp3File first = taggedFile(window.folder(), "a.mp3", "One"), second = plainFile(window.folder(), "b.mp3");
+        QVERIFY(window.open({first.path(), second.path()}));
+        QVERIFY(window.select({0, 1}));
+        window->findChild<ManyPages*>()->setCurrentIndex(1);
+        type(window.field("txtComment"), "x");
+        QVERIFY(window->session().isChanged(first.path()));
+        QVERIFY(!window->session().isChanged(second.path()));
+    }
+
+    void Id3v1PageGivesAndTakesAllRecordsAndShowsIt() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        files.window->findChild<ManyPages*>()->setCurrentIndex(1);
+        auto& editor = *files.window->findChild<ManyPages*>()->findChild<corvane::controls::ID3v1*>();
+        auto& box = child<QCheckBox>(editor, "chkID3v1");
+        const auto click = [&box] { QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2)); };
+        const auto hasRecord = [&](const Mp3File& file) {
+            return files.window->session().wanted(file.path())->v1.present;
+        };
+        click();
+        QVERIFY(!hasRecord(files.first) && !hasRecord(files.second));
+        QTest::mouseClick(&child<QToolButton>(editor, "cmdNext"), Qt::LeftButton);
+        QVERIFY(!box.isChecked());
+        click();
+        QVERIFY(hasRecord(files.first) && hasRecord(files.second));
+        QVERIFY(!files.window->isWindowModified());
+        QVERIFY(files.first.isUnchanged() && files.second.isUnchanged());
+    }
+
+    void EntryOfTheMenuDoesWhatItSays_data() {
+        QTest::addColumn<QString>("titles"); // in ID3v1 and ID3v2; "-" without the tag
+        QTest::addColumn<bool>("takesPicture");
+        QTest::newRow("copyToV2") << "1 1" << false;
+        QTest::newRow("copyToV1") << "2 2" << false;
+        QTest::newRow("removeV1") << "- 2" << false;
+        QTest::newRow("removeV2") << "1 -" << false;
+        QTest::newRow("removeBoth") << "- -" << false;
+        QTest::newRow("removePicture") << "1 2" << true;
+    }
+    void EntryOfTheMenuDoesWhatItSays() {
+        QFETCH(QString, titles);
+        EditorWindow window;
+        Id3v2Builder tag;
+        tag.text("TIT2", "2").frame("APIC", pictureFrame(pngImage(9, 9)));
+        const auto rest = Id3v1Builder().title("1").done();
+        const Mp3File first(window.folder(), tag.done(), rest, "a.mp3"),
+            second(window.folder(), tag.done(), rest, "b.mp3");
+        QVERIFY(window.open({first.path(), second.path()}));
+        QVERIFY(window.select({0, 1}));
+        window.action(QTest::currentDataTag()).trigger();
+        for (const Mp3File* file : {&first, &second}) {
+            const auto wanted = window->session().wanted(file->path());
+            const auto title = [](const TagValues& values) { return values.present ? values[Field::Title] : "-"; };
+            QCOMPARE(QString::fromStdString(title(wanted->v1) + " " + title(wanted->v2)), titles);
+            QTEST(wanted->v2.cover && !*wanted->v2.cover, "takesPicture");
+        }
+        QCOMPARE(window->session().undoStack().count(), 1);
+    }
+
+    void OnlyTheSelectedFilesAreSavedWhenThatIsAsked() {
+        TwoFiles files;
+        QVERIFY(files.open());
+        type(files.window.field(kTitle), "Same");
+        QVERIFY(files.window.select({0}));
+        files.window.action("saveSelected").trigger();
+        QVERIFY(files.window.waitForSave());
+        QCOMPARE(readTags(files.first.path()).v2[Field::Title], std::string("Same"));
+        QVERIFY(files.second.isUnchanged());
+        QVERIFY(files.window->isWindowModified());
+        QVERIFY(!files.window.action("undo").isEnabled()); // it would bring the saved file back as well
+        QVERIFY(files.window.select({1}));
+        files.window.action("revert").trigger();
+        QVERIFY(!files.window->isWindowModified());
+        QVERIFY(files.second.isUnchanged());
     }
 
     void TracksAreNumberedInTheOrderOfTheList() {
