@@ -98,12 +98,12 @@ void ChangeTree::show(const SaveResults& results) {
 
 void ChangeTree::addFile(const SaveResult& result) {
     auto* file = new QTreeWidgetItem(this, {shownPath(result.path)});
-    file->setToolTip(0, shownPath(result.path));
+    file->setToolTip(0, asWritten(shownPath(result.path)));
     file->setFirstColumnSpanned(true);
     const auto addNote = [this, file](const QString& text, QStyle::StandardPixmap icon) {
         auto* note = new QTreeWidgetItem(file, {text});
         note->setIcon(0, style()->standardIcon(icon));
-        note->setToolTip(0, text);
+        note->setToolTip(0, asWritten(text));
         note->setFirstColumnSpanned(true);
     };
     if (!result.failure.empty()) addNote(toQt(result.failure), QStyle::SP_MessageBoxCritical);

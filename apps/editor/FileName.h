@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QString>
+#include <QTextDocument>
 #include <QUrl>
 #include <string>
 
@@ -18,6 +19,11 @@ inline std::string pathOf(const QString& path) { return QFile::encodeName(path).
 // The bytes that a URL of a file stands for, whether they are text or not.
 inline std::string pathOf(const QUrl& url) {
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+// A text for tool tips and message boxes, which would take "<b>" in a name for a mark.
+inline QString asWritten(const QString& text) {
+    if (!Qt::mightBeRichText(text)) return text;
+    return text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>"));
 }
 // Whether the text tells the path exactly.
 inline bool isText(const std::string& path) { return pathOf(shownPath(path)) == path; }

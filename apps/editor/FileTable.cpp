@@ -236,7 +236,7 @@ QVariant FileTable::toolTip(const Entry& entry) const {
     QString lines = shownPath(entry.row.path);
     if (!entry.row.failure.empty()) lines += QLatin1Char('\n') + tr("Cannot be read: %1").arg(toQt(entry.row.failure));
     if (entry.isChanged) lines += QLatin1Char('\n') + tr("Changed, not saved yet");
-    return lines;
+    return asWritten(lines);
 }
 
 QVariant FileTable::headerData(int section, Qt::Orientation orientation, int role) const {

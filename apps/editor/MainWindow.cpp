@@ -31,6 +31,7 @@ QLabel* hintLabel() {
     label->setObjectName(QStringLiteral("hint"));
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
     label->setEnabled(false); // in the colour of what is not content
     return label;
 }

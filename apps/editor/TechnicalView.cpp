@@ -88,7 +88,7 @@ QTreeWidgetItem* TechnicalView::section(const QString& title) {
 
 void TechnicalView::add(QTreeWidgetItem* section, const QString& name, const QString& value) {
     auto* line = new QTreeWidgetItem(section, {name, value});
-    line->setToolTip(1, value);
+    line->setToolTip(1, asWritten(value));
 }
 
 void TechnicalView::showFile(FileHandler& file) {

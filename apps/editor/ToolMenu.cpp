@@ -4,6 +4,7 @@
 #include "corvane/platform/Picture.h"
 
 #include "apps/editor/CaseDialog.h"
+#include "apps/editor/FileName.h"
 #include "apps/editor/GenreDialog.h"
 #include "apps/editor/Icon.h"
 #include "apps/editor/NumberDialog.h"
@@ -95,7 +96,7 @@ void ToolMenu::loadPicture() {
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     const auto picture = Picture::fromBytes({bytes.begin(), bytes.end()});
     if (!picture) {
-        QMessageBox::warning(parentWidget(), {}, tr("%1 is no picture that a tag can hold.").arg(name));
+        QMessageBox::warning(parentWidget(), {}, tr("%1 is no picture that a tag can hold.").arg(asWritten(name)));
         return;
     }
     editing_.apply([&](FileTags tags) { return withPicture(std::move(tags), picture); }, tr("picture"));

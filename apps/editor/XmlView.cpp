@@ -138,7 +138,7 @@ void XmlView::exportFile() {
     const QString file = QFileDialog::getSaveFileName(this, tr("Export the document"), proposal, tr("XML (*.xml)"));
     if (file.isEmpty()) return;
     const QString failure = writeTo(file);
-    if (!failure.isEmpty()) QMessageBox::warning(this, {}, tr("%1 was not written: %2").arg(file, failure));
+    if (!failure.isEmpty()) QMessageBox::warning(this, {}, tr("%1 was not written: %2").arg(asWritten(file), failure));
 }
 
 } // namespace corvane::editor

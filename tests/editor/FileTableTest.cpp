@@ -45,6 +45,21 @@ private Q_SLOTS:
         QCOMPARE(cell(table, 0, FileTable::Title), QStringLiteral("New"));
     }
 
+    void ToolTipShowsANameAsItIsWritten_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("toolTip");
+        QTest::newRow("plain") << "/m/I <3 it.mp3"
+                               << "/m/I <3 it.mp3";
+        QTest::newRow("like a mark") << "/m/a <b>live</b> & loud.mp3"
+                                     << "/m/a &lt;b&gt;live&lt;/b&gt; &amp; loud.mp3";
+    }
+    void ToolTipShowsANameAsItIsWritten() {
+        QFETCH(QString, path);
+        FileTable table;
+        table.add({row(qPrintable(path), "A")});
+        QTEST(table.index(0, 0).data(Qt::ToolTipRole).toString(), "toolTip");
+    }
+
     void ChangeStandsOutUntilItIsDropped() {
         FileTable table;
         table.add({row("/m/a.mp3", "Old")});

@@ -4,6 +4,7 @@
 #include "tests/editor/EditorFiles.h"
 
 #include <QSignalSpy>
+#include <QThread>
 #include <QtTest>
 
 using namespace corvane::editor;
@@ -34,6 +35,20 @@ private Q_SLOTS:
         QCOMPARE(rows.size(), 2);
         QCOMPARE(rows[0].summary.title, std::string("Second"));
         QCOMPARE(rows[1].summary.title, std::string("First"));
+    }
+
+    void FilesAreReadOnAThreadOfTheirOwn() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "First");
+        Loader loader;
+        bool isOther = false;
+        connect(
+            &loader, &Loader::progressed, &loader, [&] { isOther = QThread::currentThread() != loader.thread(); },
+            Qt::DirectConnection);
+        QSignalSpy finished(&loader, &Loader::finished);
+        loader.load({file.path()});
+        QVERIFY(finished.wait(kWait));
+        QVERIFY(isOther);
     }
 
     void FileThatCannotBeReadIsARowWithItsReason() {

@@ -404,6 +404,44 @@ private Q_SLOTS:
         QVERIFY(first.isUnchanged() && second.isUnchanged() && third.isUnchanged());
     }
 
+    void AboutBoxIsTheContainerControl() {
+        EditorWindow window;
+        QVERIFY(window.open({}));
+        window.action("about").trigger();
+        QDialog* about = window.waitForDialog("about");
+        QVERIFY(about != nullptr);
+        const auto* control = about->findChild<corvane::controls::Corvane*>();
+        QVERIFY(control && control->isVisible() && !control->size().isEmpty());
+        about->reject();
+    }
+
+    void EntriesOfTheViewGoWhereTheySay() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        MainWindow& window = *changed.window;
+        changed.window.action("goToFilter").trigger();
+        QCOMPARE(window.focusWidget(), &window.list().words());
+        changed.window.action("goToFiles").trigger();
+        QCOMPARE(window.focusWidget(), &window.list().view());
+        changed.window.action("goToFields").trigger();
+        QCOMPARE(window.focusWidget(), &changed.window.field("txtTitle"));
+        changed.window.action("selectAll").trigger();
+        QCOMPARE(window.list().selectedPaths().size(), std::size_t{1});
+    }
+
+    void ListOfFramesIsShownAndRemembered() {
+        ChangedFile changed;
+        QVERIFY(changed.open());
+        const auto& editor = *changed.window->findChild<corvane::controls::ID3v2*>();
+        QVERIFY(!editor.FrameListVisible());
+        changed.window.action("frames").trigger();
+        QVERIFY(editor.FrameListVisible());
+        changed.window.action("undo").trigger();
+        changed.window->close();
+        const MainWindow next(changed.window.settings());
+        QVERIFY(next.findChild<corvane::controls::ID3v2*>()->FrameListVisible());
+    }
+
     void WindowComesBackAsItWas() {
         EditorWindow window;
         QVERIFY(window.open({}));

@@ -10,7 +10,9 @@
 #include "tests/support/Process.h"
 
 #include <QSignalSpy>
+#include <QThread>
 #include <QtTest>
+#include <set>
 
 using namespace corvane::editor;
 using namespace corvane::test;
@@ -235,6 +237,24 @@ private Q_SLOTS:
         tree.show(job.results());
         QCOMPARE(tree.topLevelItem(0)->text(0), QString::fromStdString(second.path()));
         QVERIFY(!tree.topLevelItem(0)->child(0)->text(0).isEmpty());
+    }
+
+    void FilesAreSavedOnAThreadOfTheirOwnWhichTellsHowFarItIs() {
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        SaveJob job;
+        std::set<QThread*> threads;
+        qsizetype total = 0;
+        const auto note = [&](qsizetype, qsizetype files) {
+            threads.insert(QThread::currentThread());
+            total = files;
+        };
+        connect(&job, &SaveJob::progressed, &job, note, Qt::DirectConnection);
+        QSignalSpy finished(&job, &SaveJob::finished);
+        job.run({titled(file.path(), "New")}, Mode::Save);
+        QVERIFY(finished.wait(30000));
+        QCOMPARE(total, 1);
+        QVERIFY(!threads.contains(QThread::currentThread()));
     }
 
     void CancelledSaveStopsBetweenTwoFiles() {
