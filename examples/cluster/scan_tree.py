@@ -151,12 +151,12 @@ class Parquet:
 
 
 def output_of(path):
-    if not path.endswith(".parquet"):
-        return JsonLines(path)
     try:
-        return Parquet(path)
+        return Parquet(path) if path.endswith(".parquet") else JsonLines(path)
     except ModuleNotFoundError:
         sys.exit("scan_tree: Parquet needs the Python package pyarrow; without it, name the output FILE.jsonl")
+    except OSError as problem:
+        sys.exit(f"scan_tree: {path}: {problem.strerror}")
 
 
 def connect(stack, scheduler, workers):

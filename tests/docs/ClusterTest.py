@@ -139,6 +139,8 @@ class Cluster(unittest.TestCase):
                 scan_tree.options(["music", *words])
             self.assertEqual(ended.exception.code, 2)
             self.assertIn(reason, said.getvalue())
+        with self.assertRaisesRegex(SystemExit, "^scan_tree: /nowhere/songs.jsonl: No such file or directory$"):
+            scan_tree.output_of("/nowhere/songs.jsonl")
 
     def test_a_worker_that_is_killed_loses_nothing_and_a_batch_that_nobody_can_do_is_listed(self):
         for number in range(600):
