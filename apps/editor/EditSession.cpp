@@ -3,6 +3,8 @@
 #include "apps/editor/EditCommand.h"
 #include "apps/editor/TagsMerge.h"
 
+#include <QScopedValueRollback>
+
 namespace corvane::editor {
 
 namespace {
@@ -28,7 +30,7 @@ EditSession::EditSession(QObject* parent) : QObject(parent) { undoStack_.setUndo
 void EditSession::learn(const std::string& path, FileTags tags) {
     if (isChanged(path)) return;
     // Steps hold whole tags: one made before would bring values back that somebody else has changed since.
-    if (const auto before = inFile(path); before && *before != tags) undoStack_.clear();
+    if (const auto before = inFile(path); before && *before != tags) dropSteps();
     const auto shared = std::make_shared<const FileTags>(std::move(tags));
     files_[path] = {shared, shared};
 }
@@ -50,6 +52,15 @@ void EditSession::learnAgain(const std::vector<std::pair<std::string, FileTags>>
     undoStack_.clear(); // as in learn
     Q_EMIT changed(paths);
     tellDirty(before);
+}
+
+// While a step is under way the stack still needs it: a file that is shown because of it may turn out to be another.
+void EditSession::dropSteps() {
+    if (isApplying_) {
+        QMetaObject::invokeMethod(&undoStack_, &QUndoStack::clear, Qt::QueuedConnection);
+    } else {
+        undoStack_.clear();
+    }
 }
 
 TagsPointer EditSession::inFile(const std::string& path) const {
@@ -111,6 +122,7 @@ void EditSession::clear() {
 }
 
 void EditSession::apply(const TagsChanges& changes, TagsPointer TagsChange::*state) {
+    const QScopedValueRollback applying(isApplying_, true);
     const bool before = hasChanges();
     std::vector<std::string> paths;
     paths.reserve(changes.size());

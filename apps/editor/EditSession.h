@@ -76,11 +76,13 @@ private:
     void apply(const TagsChanges& changes, TagsPointer TagsChange::*state);
     void note(const std::string& path, const File& file);
     void tellDirty(bool before);
+    void dropSteps();
 
     std::unordered_map<std::string, File> files_;
     std::set<std::string> changed_; // paths of files that are to be other than they are
     QUndoStack undoStack_;
     int stepNumber_ = 0;
+    bool isApplying_ = false; // a step is being done or undone
 };
 
 } // namespace corvane::editor

@@ -57,6 +57,22 @@ private Q_SLOTS:
         QVERIFY(window->isWindowModified());
     }
 
+    void UndoInAFileThatSomebodyElseHasChangedShowsTheirs() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old"),
+                      other = taggedFile(window.folder(), "b.mp3", "Theirs");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        window.action("copyToV1").trigger();
+        type(window.field("txtTitle"), "er");
+        QVERIFY(::rename(other.path().c_str(), file.path().c_str()) == 0);
+        window.action("undo").trigger();
+        window.action("undo").trigger();
+        QCOMPARE(window.field("txtTitle").text(), QStringLiteral("Theirs"));
+        QVERIFY(!window->isWindowModified());
+        QTRY_VERIFY(!window.action("redo").isEnabled());
+    }
+
     void SavedFileHasTheNewValuesAndItsAudio() {
         EditorWindow window;
         const Mp3File file = taggedFile(window.folder(), "a.mp3", "Old");
