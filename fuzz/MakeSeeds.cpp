@@ -116,13 +116,28 @@ Seeds id3v2Tags() {
     return tags;
 }
 
+// Double quotes wherever a tag can have them: each save makes apostrophes of those that it can.
+Id3v2Builder quotedTag() {
+    return Id3v2Builder(3)
+        .text("TIT2", "a \"b\"")
+        .text("TPE1", "\"\xC3\x84\"", Encoding::Utf16)
+        .frame("TXXX", userTextFrame("\"c\"", ""))
+        .frame("COMM", commentFrame("\"d\"", "e", Encoding::CodePage, std::string_view("de\0", 3)))
+        .frame("SYLT", syncedLyricsFrame("\"f\"", {"\n\"one\"", "two\n"}))
+        .frame("LINK", bytesOf(std::string_view("TIT2a\0\"g\"", 9)))
+        .frame("WXXX", userUrlFrame("", "http://\"h\""))
+        .frame("APIC", pictureFrame(pngImage(2, 2), "image/png", "\"i\""));
+}
+
 // A save of every property into every kind of tag, by turns: property, options, length of the value, value, tag.
 Seeds saves() {
     const std::vector<std::string> values{"new", "", "\xE6\x97\xA5\xE6\x9C\xAC", "[00:01.0] one\n[00:02.5] two"};
     constexpr unsigned kChoices = 18;
     Seeds seeds;
     unsigned number = 0;
-    for (const auto& tag : id3v2Tags()) {
+    Seeds tags = id3v2Tags();
+    tags.push_back(quotedTag().done());
+    for (const auto& tag : tags) {
         for (unsigned choice = 0; choice < kChoices; ++choice) {
             const std::string& value = values[number++ % values.size()];
             const unsigned options = number * 5 % 128;

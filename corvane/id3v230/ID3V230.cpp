@@ -1,5 +1,6 @@
 #include "corvane/id3v230/ID3V230.h"
 
+#include "corvane/id3v230/FrameFields.h"
 #include "corvane/id3v230/FrameRecordContent.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
@@ -84,15 +85,18 @@ void ID3V230::ResetValues() {
     framesSize_ = 0;
 }
 
-// Only records of one number can be duplicates of one another, so a description is looked at where there are several.
+// Only records of one number can be duplicates of one another, so a description is looked at where there are several,
+// and where frames of that number have one: a hostile tag may be of a million frames.
 void ID3V230::markDuplicates() const {
     std::map<std::int16_t, std::vector<ID3V230Frame*>> byNumber;
     for (const auto& record : *frames_) byNumber[record->eType()].push_back(record.get());
     for (const auto& [number, records] : byNumber) {
         if (records.size() < 2) continue;
+        const bool isDescribed = hasField(static_cast<ID3_FrameID>(number), ID3_FieldID::ID3FN_DESCRIPTION);
         std::set<std::string> descriptions;
         for (ID3V230Frame* record : records) {
-            if (!descriptions.insert(record->sDescription()).second) record->bDupe(true);
+            auto description = isDescribed ? record->sDescription() : std::string();
+            if (!descriptions.insert(std::move(description)).second) record->bDupe(true);
         }
     }
 }
