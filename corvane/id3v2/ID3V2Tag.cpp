@@ -24,15 +24,15 @@ bool loadFrames(Reader& reader, FileReader& file, const std::string& fileName, c
     return Internals<Reader>::loadFromFile(reader, file, fileName, length, kStartPosition, header);
 }
 
-// Reads the text of a frame that ID3v2.2, as hosts know it, does not have.
+// Reads the text of a frame that ID3v2.2, as hosts know it, does not have. ID3v2.3 has a property for it, since the
+// frame that it stands for need not be the first of its ID.
 struct FrameOfLaterVersions {
+    std::string (ID3V23Tag::*ofVersion23)() const;
     const char* id;
 
     std::string operator()(const ID3V22Tag&) const { return {}; }
-    template <class Reader>
-    std::string operator()(const Reader& reader) const {
-        return reader.GetText(id);
-    }
+    std::string operator()(const ID3V23Tag& reader) const { return (reader.*ofVersion23)(); }
+    std::string operator()(const ID3V24Tag& reader) const { return reader.GetText(id); }
 };
 
 template <class... Reads>
@@ -162,14 +162,18 @@ std::string ID3V2Tag::Year() {
                            [](const corvane::ID3V24Tag&) { return std::string(); }});
 }
 
-std::string ID3V2Tag::LyricsUnsynced() { return text(FrameOfLaterVersions{"USLT"}); }
-std::string ID3V2Tag::LyricsSynced() { return text(FrameOfLaterVersions{"SYLT"}); }
-std::string ID3V2Tag::UserURL() { return text(FrameOfLaterVersions{"WXXX"}); }
-std::string ID3V2Tag::Comment() { return text(FrameOfLaterVersions{"COMM"}); }
-std::string ID3V2Tag::Composer() { return text(FrameOfLaterVersions{"TCOM"}); }
-std::string ID3V2Tag::OriginalArtist() { return text(FrameOfLaterVersions{"TOPE"}); }
-std::string ID3V2Tag::Copyright() { return text(FrameOfLaterVersions{"TCOP"}); }
-std::string ID3V2Tag::EncodedBy() { return text(FrameOfLaterVersions{"TENC"}); }
+std::string ID3V2Tag::LyricsUnsynced() {
+    return text(FrameOfLaterVersions{&corvane::ID3V23Tag::LyricsUnsynced, "USLT"});
+}
+std::string ID3V2Tag::LyricsSynced() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::LyricsSynced, "SYLT"}); }
+std::string ID3V2Tag::UserURL() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::UserURL, "WXXX"}); }
+std::string ID3V2Tag::Comment() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::Comment, "COMM"}); }
+std::string ID3V2Tag::Composer() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::Composer, "TCOM"}); }
+std::string ID3V2Tag::OriginalArtist() {
+    return text(FrameOfLaterVersions{&corvane::ID3V23Tag::OriginalArtist, "TOPE"});
+}
+std::string ID3V2Tag::Copyright() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::Copyright, "TCOP"}); }
+std::string ID3V2Tag::EncodedBy() { return text(FrameOfLaterVersions{&corvane::ID3V23Tag::EncodedBy, "TENC"}); }
 
 std::shared_ptr<corvane::Picture> ID3V2Tag::Picture() {
     const auto none = std::shared_ptr<corvane::Picture>();

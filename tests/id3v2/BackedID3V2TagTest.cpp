@@ -61,6 +61,31 @@ TEST(BackedID3V2Tag, WritesReachTheFileThroughSaveTag) {
     EXPECT_EQ(again.tag.UserURL(), "http://a/b?c=d");
 }
 
+// Players put frames of their own in front of the user's, told apart by their descriptions.
+TEST(BackedID3V2Tag, AValueIsThatOfTheFrameWithoutADescriptionAlsoBehindOthers) {
+    TagOnDisk file(Id3v2Builder(3)
+                       .frame("COMM", commentFrame("iTunNORM", " 00000D8C"))
+                       .frame("USLT", commentFrame("translation", "la"))
+                       .frame("SYLT", syncedLyricsFrame("translation", {"la"}))
+                       .frame("WXXX", userUrlFrame("shop", "http://shop"))
+                       .padding(2000));
+    EXPECT_EQ(file.tag.Comment() + file.tag.LyricsUnsynced() + file.tag.LyricsSynced() + file.tag.UserURL(), "");
+    file.tag.Comment("a comment");
+    file.tag.LyricsUnsynced("lyrics");
+    file.tag.LyricsSynced("[00:01.0] one");
+    file.tag.UserURL("http://own");
+    for (const bool isSaved : {false, true}) {
+        EXPECT_EQ(file.tag.Comment(), "a comment") << isSaved;
+        EXPECT_EQ(file.tag.LyricsUnsynced(), "lyrics");
+        EXPECT_EQ(file.tag.LyricsSynced(), "[00:01.0] one");
+        EXPECT_EQ(file.tag.UserURL(), "http://own");
+        EXPECT_TRUE(file.tag.saveTag());
+    }
+    TagOnDisk again(contentOf(file.path()));
+    EXPECT_EQ(again.tag.Comment(), "a comment");
+    EXPECT_EQ(again.tag.UserURL(), "http://own");
+}
+
 TEST(BackedID3V2Tag, AFailedSaveIsSeenInTheFacadesRecord) {
     TagOnDisk file(Id3v2Builder(3).text("TIT2", "before"));
     EXPECT_EQ(file.tag.Title(), "before");
