@@ -12,6 +12,8 @@ _StrOrBytesPath: TypeAlias = str | bytes | os.PathLike[str] | os.PathLike[bytes]
 _ReadableBuffer: TypeAlias = bytes | bytearray | memoryview
 _FrameValue: TypeAlias = None | int | str | Picture
 
+__version__: str
+
 # A member may have the name of its type, which it hides inside its class.
 _Drive: TypeAlias = Drive
 _File: TypeAlias = File

@@ -1,10 +1,13 @@
 // The Python module `corvane`: the library's published classes, enumerations and members under their own names, and
 // `scan`. This file only calls the sources of the classes, those first that others name.
+#include "corvane/Version.h"
+
 #include "python/Bindings.h"
 
 PYBIND11_MODULE(corvane, corvane) {
     using namespace corvane::python;
     corvane.doc() = "Reads, edits and writes everything that is inside an MP3 file.";
+    corvane.attr("__version__") = corvane::kVersion;
     bindError(corvane);
     bindEID3TagConstants(corvane);
     bindELyricsVersionConstants(corvane);

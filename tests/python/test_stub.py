@@ -33,6 +33,11 @@ def test_the_package_is_marked_as_typed():
     assert (PACKAGE / "py.typed").is_file()
 
 
+def test_the_version_is_that_of_the_library():
+    lists = Path(os.environ["CORVANE_SOURCE"], "CMakeLists.txt").read_text(encoding="utf-8")
+    assert corvane.__version__ == re.search(r"project\(Corvane VERSION (\S+)", lists)[1]
+
+
 def test_stub_and_example_pass_the_strict_type_check():
     assert check_types(str(PACKAGE / "__init__.pyi"), str(HERE / "typed_example.py")) == (0, [])
 
