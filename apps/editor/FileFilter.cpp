@@ -27,12 +27,12 @@ bool FileFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
 }
 
 // Files that are equal in the column keep the order of their folders and names.
-bool FileFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const {
-    if (QSortFilterProxyModel::lessThan(left, right)) return true;
-    if (QSortFilterProxyModel::lessThan(right, left)) return false;
+bool FileFilter::lessThan(const QModelIndex& one, const QModelIndex& other) const {
+    if (QSortFilterProxyModel::lessThan(one, other)) return true;
+    if (QSortFilterProxyModel::lessThan(other, one)) return false;
     const auto& table = *static_cast<const FileTable*>(sourceModel());
     const bool ascending = sortOrder() == Qt::AscendingOrder;
-    const std::string &first = table.path(left.row()), &second = table.path(right.row());
+    const std::string &first = table.path(one.row()), &second = table.path(other.row());
     return ascending ? first < second : second < first;
 }
 

@@ -17,7 +17,7 @@ public:
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
-    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+    bool lessThan(const QModelIndex& one, const QModelIndex& other) const override;
 
 private:
     QStringList words_;

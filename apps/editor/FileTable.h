@@ -61,7 +61,7 @@ private:
 
     Entry& entryAt(int row) { return entries_[static_cast<std::size_t>(row)]; }
     void indexRows();
-    QVariant text(const Entry& entry, const FileSummary& summary, int column) const;
+    QVariant text(const Entry& entry, const FileSummary& shown, int column) const;
     QString searchText(const Entry& entry) const;
     QVariant sortKey(const Entry& entry, int column) const;
     QVariant toolTip(const Entry& entry) const;

@@ -60,7 +60,7 @@ private:
     QToolBar* makeToolBar();
     void makeViewMenu(QToolBar& toolBar);
     void makeHelpMenu();
-    QAction* action(const char* name, const QString& text, const char* icon, const QKeySequence& keys,
+    QAction* action(const char* name, const QString& text, const char* icon, const QKeySequence& shortcut,
                     std::function<void()> run);
     void restore();
     void keep();

@@ -27,7 +27,7 @@ OpenedFile::OpenedFile(const std::string& path) {
 
 std::shared_ptr<ID3V2Tag> OpenedFile::id3v2Tag(const TagValues& wanted) {
     const bool hasTag = handler_.HasID3V2Tag();
-    const auto tag = hasTag ? handler_.ID3V2Tag() : draft();
+    auto tag = hasTag ? handler_.ID3V2Tag() : draft();
     if (!tag->canSave()) return tag;
     const TagValues now = valuesOf(*tag);
     for (std::size_t at = 0; at < kFieldCount; ++at) {
