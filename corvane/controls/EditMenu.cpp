@@ -108,10 +108,7 @@ void EditMenu::show(const Attached& attached, const QPoint& position) {
     if (!menu_->isVisible()) giveBack();
 }
 
-void EditMenu::close() {
-    formats_->close();
-    menu_->close();
-}
+void EditMenu::close() { menu_->close(); }
 
 void EditMenu::giveBack() const {
     if (!current_.box) return;

@@ -96,7 +96,6 @@ void ID3v2::begin(bool given) {
         form_->chkID3v2->setChecked(given);
         form_->chkID3v2->setEnabled(canSave_);
     }
-    form_->grpBottom->sstLyrics->setCurrentIndex(0);
     form_->tell({});
     Enabled(given);
     Locked(!canSave_);

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void editsAreTold();
     void hostsAreToldWhenTheUserDecides();
     void theTabsShowOneBoxAtTheSamePlace();
+    void theTabStaysFromTagToTag();
     void theModeArrangesThePanels();
     void theListFollowsTheSizeOfTheControl();
     void thePropertyBagKeepsModeAndList();
@@ -131,6 +132,16 @@ void ID3v2UseTest::theTabsShowOneBoxAtTheSamePlace() {
     tabs().setFocus();
     QTest::keyClick(&tabs(), Qt::Key_Left);
     QVERIFY(page("txtLyrics").isVisible());
+}
+
+// Whoever goes through files for their synchronised lyrics chooses them once.
+void ID3v2UseTest::theTabStaysFromTagToTag() {
+    give(fullTag());
+    QCOMPARE(tabs().currentIndex(), 0);
+    tabs().setCurrentIndex(1);
+    give(fullTag());
+    control_->Clear();
+    QCOMPARE(tabs().currentIndex(), 1);
 }
 
 void ID3v2UseTest::theModeArrangesThePanels() {

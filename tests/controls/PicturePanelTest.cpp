@@ -97,6 +97,7 @@ void PicturePanelTest::aFailureLeavesThePicture_data() {
     QTest::newRow("a text") << "text.jpg";
     QTest::newRow("an empty file") << "empty.jpg";
     QTest::newRow("a picture cut in its header") << "cut.png";
+    QTest::newRow("a picture cut behind its header") << "half.png";
 }
 
 void PicturePanelTest::aFailureLeavesThePicture() {
@@ -106,6 +107,9 @@ void PicturePanelTest::aFailureLeavesThePicture() {
     corvane::ByteArray cut = pngImage(8, 8);
     cut.resize(20);
     write("cut.png", cut);
+    corvane::ByteArray half = pngImage(40, 40);
+    half.resize(40);
+    write("half.png", half);
     QVERIFY(panel_->load(write("good.png", pngImage(4, 4))));
     const auto before = panel_->picture();
     const QSignalSpy changes(panel_.get(), &PicturePanel::pictureChanged);
