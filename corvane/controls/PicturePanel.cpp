@@ -40,6 +40,12 @@ QByteArray asPng(const QImage& image) {
     return bytes;
 }
 
+// Never as a move: whoever drags a file may delete it once it has been moved.
+void acceptAsCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 PicturePanel::PicturePanel(QWidget* parent)
@@ -150,7 +156,7 @@ void PicturePanel::enableButtons() {
 
 void PicturePanel::dragEnterEvent(QDragEnterEvent* event) {
     const QMimeData* offered = event->mimeData();
-    if (changeable_ && (offered->hasImage() || !localImageOf(*offered).isEmpty())) event->acceptProposedAction();
+    if (changeable_ && (offered->hasImage() || !localImageOf(*offered).isEmpty())) acceptAsCopy(*event);
 }
 
 void PicturePanel::dropEvent(QDropEvent* event) {
@@ -159,8 +165,8 @@ void PicturePanel::dropEvent(QDropEvent* event) {
         const QMimeData* offered = event->mimeData();
         const QString file = localImageOf(*offered);
         const bool taken = file.isEmpty() ? take(asPng(qvariant_cast<QImage>(offered->imageData()))) : load(file);
+        acceptAsCopy(*event);
         if (!taken) tellRefusal();
-        event->acceptProposedAction();
     });
 }
 

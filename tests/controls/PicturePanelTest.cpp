@@ -158,14 +158,19 @@ void PicturePanelTest::aPanelThatIsLockedMeanwhileKeepsItsPicture() {
     QVERIFY(panel_->picture() == nullptr);
 }
 
+// Proposed as a move, after which its source may delete what was dragged: whoever takes it must say that it is a copy.
 bool PicturePanelTest::drop(const QMimeData& data) {
-    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(QPoint(20, 20), possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+    enter.setDropAction(Qt::MoveAction);
     enter.ignore();
     QCoreApplication::sendEvent(panel_.get(), &enter);
     if (!enter.isAccepted()) return false;
-    QDropEvent dropped(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent dropped(QPointF(20, 20), possible, &data, Qt::LeftButton, Qt::ShiftModifier);
+    dropped.setDropAction(Qt::MoveAction);
+    dropped.ignore();
     QCoreApplication::sendEvent(panel_.get(), &dropped);
-    return true;
+    return dropped.isAccepted() && enter.dropAction() == Qt::CopyAction && dropped.dropAction() == Qt::CopyAction;
 }
 
 void PicturePanelTest::anImageFileCanBeDropped() {
