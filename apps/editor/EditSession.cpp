@@ -49,7 +49,7 @@ void EditSession::learnAgain(const std::vector<std::pair<std::string, FileTags>>
         paths.push_back(path);
     }
     if (paths.empty()) return;
-    undoStack_.clear(); // as in learn
+    dropSteps(); // as in learn
     Q_EMIT changed(paths);
     tellDirty(before);
 }
