@@ -7,7 +7,7 @@
 namespace corvane::cli {
 
 Id3v1Change::Id3v1Change(std::shared_ptr<FileHandler> handler)
-    : handler_(std::move(handler)), hadTag_(handler_->HasID3V1Tag()), before_(fieldsOf(*handler_->ID3v1xTag())) {}
+    : handler_(std::move(handler)), hadTag_(handler_->HasTag()), before_(fieldsOf(*handler_->ID3v1xTag())) {}
 
 void Id3v1Change::addTo(ChangeReport& report, Write when) const {
     const ID3V1Tag& tag = *handler_->ID3v1xTag();

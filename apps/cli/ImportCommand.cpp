@@ -32,7 +32,10 @@ void importTag(ID3V1Tag& tag, const XmlNode& element) {
 
 class ImportCommand final : public Command {
 public:
-    void declareOptions(Options& options) override { addChangeOptions(options, change_); }
+    void declareOptions(Options& options) override {
+        addForceOption(options, change_);
+        addChangeOptions(options, change_);
+    }
 
     void run(Session& session, const std::vector<std::string>& operands) override {
         const std::string& documentName = operands.back();

@@ -25,6 +25,7 @@ public:
         values_.declare(options);
         options.startGroup("How");
         addTagOption(options, tag_, "Which tags; else those that the file has, or both where it has none");
+        addForceOption(options, change_);
         addChangeOptions(options, change_);
     }
 

@@ -17,10 +17,14 @@ struct ChangeOptions {
     bool keepsTime = false;
     bool isJson = false;
     bool isQuiet = false;
+    bool isForced = false; // gives first tags to files that are not MPEG audio too
     ColourChoice colour = ColourChoice::Auto;
 };
 
 void addChangeOptions(Options& options, ChangeOptions& change);
+
+// Adds "--force", for commands that can give a file its first tag.
+void addForceOption(Options& options, ChangeOptions& change);
 
 // Adds "--tag v1|v2|both". Without it the choice stays what it is.
 enum class TagChoice { V1, V2, Both, OfFile };
@@ -46,6 +50,14 @@ struct ChangeReport {
         return std::any_of(tags.begin(), tags.end(), [](const ChangedTag& tag) { return tag.write != nullptr; });
     }
 };
+
+// Fails with a FileFailure when the report adds a tag of a kind that the file lacks although the file is not MPEG audio
+// (FirstTag.h).
+void refuseFirstTags(const std::string& path, const ChangeReport& report);
+
+// Writes the tags of a report, one after the other. Fails with an exception; when other tags had been written before,
+// it says what has become of them.
+void writeTags(const ChangeReport& report);
 
 // Finds out for each file what would happen, and lets it happen unless this is a dry run. A file that fails is reported
 // and does not stop the others.

@@ -53,9 +53,9 @@ _corvane()
             show) _corvane_offer $'--color\n--help' "$word" ;;
             xml) _corvane_offer $'--output\n--help' "$word" ;;
             scan) _corvane_offer $'--format\n--jobs\n--quiet\n--help' "$word" ;;
-            set) _corvane_offer "$values"$'\n--tag\n'"$change" "$word" ;;
+            set) _corvane_offer "$values"$'\n--tag\n--force\n'"$change" "$word" ;;
             remove) _corvane_offer $'--tag\n'"$change" "$word" ;;
-            import) _corvane_offer "$change" "$word" ;;
+            import) _corvane_offer $'--force\n'"$change" "$word" ;;
             genres) _corvane_offer $'--json\n--help' "$word" ;;
             selftest) _corvane_offer $'--color\n--help' "$word" ;;
         esac

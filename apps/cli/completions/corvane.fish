@@ -31,6 +31,7 @@ complete -c corvane -n "__fish_seen_subcommand_from set remove import" -l keep-m
 complete -c corvane -n "__fish_seen_subcommand_from set remove import" -l json -d 'Report in JSON'
 complete -c corvane -n "__fish_seen_subcommand_from set remove import" -s q -l quiet -d 'Report only failures and warnings'
 complete -c corvane -n "__fish_seen_subcommand_from set remove" -l tag -x -a 'v1 v2 both' -d 'Which tags'
+complete -c corvane -n "__fish_seen_subcommand_from set import" -l force -d 'Tag a file that is not MPEG audio too'
 
 complete -c corvane -n "__fish_seen_subcommand_from set" -l title -x -d 'Title'
 complete -c corvane -n "__fish_seen_subcommand_from set" -l artist -x -d 'Artist'
