@@ -1,6 +1,7 @@
 #include "corvane/core/FileDocument.h"
 
 #include "corvane/core/FileHandler.h"
+#include "corvane/core/FileHandlerInternals.h"
 #include "corvane/core/PathWithoutDrive.h"
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/ID3V1TagInternals.h"
@@ -38,7 +39,7 @@ void appendDrive(pugi::xml_node parent, const Drive& drive) {
 }
 
 void appendFileProperties(pugi::xml_node properties, const FileHandler& handler, const File& file) {
-    const std::string folder = pathWithoutDrive(handler.FileName());
+    const std::string folder = pathWithoutDrive(Internals<FileHandler>::path(handler));
     appendProperty(properties, "DateCreated", file.DateCreated());
     appendProperty(properties, "DateLastAccessed",
                    dateOr([&] { return file.DateLastAccessed(); }, file.DateLastModified()));
@@ -68,9 +69,10 @@ std::string renderFileDocument(FileHandler& handler, const std::function<void()>
     if (!id3v1Tag) throw RuntimeFailure(FailureNumber::ObjectNotSet, "FileHandler", "Object variable not set");
     const auto document = newDocument("FileHandler");
     auto root = document->append_child("ImportData");
-    appendDrive(root, *Drive::ofFile(handler.FileName()));
+    appendDrive(root, *Drive::ofFile(Internals<FileHandler>::path(handler)));
     auto element = root.append_child("Files").append_child("File");
-    appendFileProperties(element.append_child("Properties"), handler, *File::ofPath(handler.FileName()));
+    appendFileProperties(element.append_child("Properties"), handler,
+                         *File::ofPath(Internals<FileHandler>::path(handler)));
     Internals<MPEGHeader>::appendXml(*handler.MPEGHeader(), element);
     Internals<ID3V1Tag>::appendXml(*id3v1Tag, element);
     Internals<ID3V2Tag>::appendXml(*handler.ID3V2Tag(), element);

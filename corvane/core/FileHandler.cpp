@@ -68,8 +68,10 @@ FileHandler::~FileHandler() = default;
 bool FileHandler::Create(const std::string& FileName) {
     return recordFailures(*error_, false, [&] {
         fileName_ = FileName;
+        path_.clear();
         id3v1Tag_ = std::make_shared<ID3V1Tag>();
-        FileReader file(FileName);
+        path_ = lastingPath(FileName);
+        FileReader file(path_);
         analyse(file);
         return true;
     });
@@ -97,7 +99,7 @@ void FileHandler::takeId3v2Header(FileStart& start) {
     // The first three characters of the decimal texts of the bytes 'I', 'D' and '3', not the letters: hosts that look
     // into the record find it filled like this.
     start.tag->ID = "736";
-    Internals<corvane::ID3V2Tag>::setHeader(*id3v2Tag_, fileName_, *start.tag);
+    Internals<corvane::ID3V2Tag>::setHeader(*id3v2Tag_, path_, *start.tag);
     hasId3v2Tag_ = true;
 }
 
@@ -112,13 +114,12 @@ void FileHandler::readId3v1Record(FileReader& file) {
 
 EID3TagConstants FileHandler::readTag() {
     // Hosts rely on this operation neither reading nor recording anything for a file that exists: Create reads.
-    if (!fileExists(fileName_)) error_->record("Read Tag", "File does not exist.");
+    if (!fileExists(path_)) error_->record("Read Tag", "File does not exist.");
     return EID3TagConstants::ID3Unknown;
 }
 
 bool FileHandler::HasTag() const {
-    return recordFailures(*error_, false,
-                          [&] { return fileExists(fileName_) && identityWithRecord(fileName_).has_value(); });
+    return recordFailures(*error_, false, [&] { return fileExists(path_) && identityWithRecord(path_).has_value(); });
 }
 
 bool FileHandler::HasID3V1Tag() const {
@@ -134,23 +135,23 @@ bool FileHandler::writeID3v1xTag() {
             error_->record("Write Tag", "Tag unknown.");
             return false;
         }
-        if (!fileExists(fileName_)) {
+        if (!fileExists(path_)) {
             error_->record("Write Tag", "File does not exist.");
             return false;
         }
-        followOwnChange(writeTrailer(fileName_, encodeRecord(*id3v1Tag_).bytes));
+        followOwnChange(writeTrailer(path_, encodeRecord(*id3v1Tag_).bytes));
         return true;
     });
 }
 
 bool FileHandler::removeID3V1xTag() {
     return recordFailures(*error_, false, [&] {
-        const auto known = fileExists(fileName_) ? identityWithRecord(fileName_) : std::nullopt;
+        const auto known = fileExists(path_) ? identityWithRecord(path_) : std::nullopt;
         if (!known) {
             error_->record("RemoveTag", "The file has no ID3v1x tag.");
             return false;
         }
-        followOwnChange(cutTrailer(fileName_, *known));
+        followOwnChange(cutTrailer(path_, *known));
         return true;
     });
 }
@@ -173,10 +174,10 @@ bool FileHandler::HasLyricsTag() {
 
 // Once for each file name, also when it fails.
 void FileHandler::loadLyricsTag() {
-    if (lyricsFileName_ == fileName_) return;
-    lyricsFileName_ = fileName_;
+    if (lyricsFileName_ == path_) return;
+    lyricsFileName_ = path_;
     recordFailures(*error_, false, [&] {
-        Internals<corvane::LyricsTag>::Load(*LyricsTag(), fileName_, HasID3V1Tag());
+        Internals<corvane::LyricsTag>::Load(*LyricsTag(), path_, HasID3V1Tag());
         return true;
     });
 }
@@ -189,16 +190,15 @@ std::string FileHandler::FileTypeName() const {
 std::int32_t FileHandler::Size() const { return mpegHeader_->FileSize(); }
 
 std::string FileHandler::Path() const {
-    return recordFailures(*error_, std::string(), [&] { return pathWithoutDrive(fileName_); });
+    return recordFailures(*error_, std::string(), [&] { return pathWithoutDrive(path_); });
 }
 
 std::shared_ptr<corvane::Drive> FileHandler::Drive() const {
-    return recordFailures(*error_, std::shared_ptr<corvane::Drive>(),
-                          [&] { return corvane::Drive::ofFile(fileName_); });
+    return recordFailures(*error_, std::shared_ptr<corvane::Drive>(), [&] { return corvane::Drive::ofFile(path_); });
 }
 
 std::shared_ptr<corvane::File> FileHandler::File() const {
-    return recordFailures(*error_, std::shared_ptr<corvane::File>(), [&] { return corvane::File::ofPath(fileName_); });
+    return recordFailures(*error_, std::shared_ptr<corvane::File>(), [&] { return corvane::File::ofPath(path_); });
 }
 
 std::string FileHandler::xml() {
@@ -211,7 +211,7 @@ bool FileHandler::createID3V2Tag(const std::shared_ptr<ID3V230>& theTag) {
         if (theTag == nullptr)
             throw RuntimeFailure(FailureNumber::ObjectNotSet, kCreateSource, "Object variable not set");
         ID3V230 tag;
-        if (!Internals<ID3V230>::LoadFromFile(tag, fileName_)) {
+        if (!Internals<ID3V230>::LoadFromFile(tag, path_)) {
             error_->record(kCreateSource, "The file cannot be opened, or id3lib is not installed.");
             return false;
         }

@@ -38,7 +38,8 @@ public:
     FileHandler(const FileHandler&) = delete;
     FileHandler& operator=(const FileHandler&) = delete;
 
-    // Opens and analyses a file, whose name may be any bytes. False, with LastError, when it cannot be read or is a ZIP
+    // Opens and analyses a file, whose name may be any bytes. A relative one is seen from the folder that is current
+    // now, for all operations to come. False, with LastError, when it cannot be read or is a ZIP
     // archive. A file without an MPEG frame header is no failure: LastError tells of it (source "LoadHeaderEx"), unless
     // the file has no ID3v1 record either, of which it tells then. Meant to be called once per object.
     bool Create(const std::string& FileName);
@@ -108,8 +109,9 @@ private:
     void followOwnChange(const FileChange& change) const;
 
     std::shared_ptr<cError> error_ = std::make_shared<cError>();
-    std::string fileName_;
-    std::string lyricsFileName_; // the file name for which the Lyrics3 tag was last loaded
+    std::string fileName_;       // as it was given
+    std::string path_;           // of the same file whatever the current folder is
+    std::string lyricsFileName_; // the path for which the Lyrics3 tag was last loaded
     std::shared_ptr<ID3V1Tag> id3v1Tag_;
     std::shared_ptr<corvane::MPEGHeader> mpegHeader_;
     mutable std::shared_ptr<corvane::LyricsTag> lyricsTag_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/core/FileHandler.h"
+#include "corvane/platform/Paths.h"
 
 #include <string>
 #include <utility>
@@ -11,7 +12,12 @@ namespace corvane {
 template <>
 struct Internals<FileHandler> {
     // Binds the handler to a file without opening it.
-    static void setFileName(FileHandler& handler, std::string fileName) { handler.fileName_ = std::move(fileName); }
+    static void setFileName(FileHandler& handler, std::string fileName) {
+        handler.path_ = lastingPath(fileName);
+        handler.fileName_ = std::move(fileName);
+    }
+    // The path of the file whatever the current folder is.
+    static const std::string& path(const FileHandler& handler) { return handler.path_; }
 };
 
 } // namespace corvane

@@ -63,12 +63,16 @@ public:
     // Fails with a RuntimeFailure when the text is no number (TypeMismatch) or one outside 16 bits (Overflow).
     void Year(std::string_view value);
 
-    // Takes the tag out of the file, which is not touched otherwise. False, with LastError, when that is not possible.
+    // Takes the tag out of the file, which is not touched otherwise. The values stay, large ones too (see ID3V230), so
+    // that saveTag writes the tag again. False, with LastError, when that is not possible; the file is then what it
+    // was.
     bool removeTag();
     // Whether tags of this version can be changed; when they cannot, LastError says why.
     bool canSave();
-    // Writes the tag into the file. False when that is not possible; the file is then exactly what it was. LastError
-    // reads "Unable to save the ID3v23 tag." in either case: odd on purpose, hosts go by the result.
+    // Writes the tag into the file. False when that is not possible; the file is then exactly what it was. So it is
+    // when the tag could not be read before, when another program has changed the file, and when a second tag has come
+    // to light since (see ID3V230). LastError reads "Unable to save the ID3v23 tag." in either case: odd on purpose,
+    // hosts go by the result.
     bool saveTag();
 
     // The picture of APIC; nothing without one, or when it is no JPEG, PNG, GIF or BMP image or can no longer be read.

@@ -92,7 +92,7 @@ public:
     std::string EncodedBy();
     void EncodedBy(std::string_view value);
 
-    // Writes the changed tag into the file; false, with LastError, when it cannot.
+    // Writes the changed tag into the file; false, with LastError, when it cannot, as ID3V23Tag::saveTag.
     bool saveTag();
     // Accepted and ignored.
     void SavingOptions(std::int32_t Options, std::int32_t SynchronizationOptions = 0);

@@ -8,6 +8,7 @@
 #include "corvane/id3v230/TagImage.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/Numbers.h"
+#include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
 
 #include <atomic>
@@ -34,6 +35,22 @@ bool isKnownAs(const ID3V230Frame& record, std::string_view descriptor) {
     return !isUnknown && content.description == descriptor;
 }
 
+// Only records of one number can be duplicates of one another, so a description is looked at where there are several,
+// and where frames of that number have one: a hostile tag may be of a million frames.
+void markDuplicates(const ID3V230Frames& records) {
+    std::map<std::int16_t, std::vector<ID3V230Frame*>> byNumber;
+    for (const auto& record : records) byNumber[record->eType()].push_back(record.get());
+    for (const auto& [number, sameNumber] : byNumber) {
+        if (sameNumber.size() < 2) continue;
+        const bool isDescribed = hasField(static_cast<ID3_FrameID>(number), ID3_FieldID::ID3FN_DESCRIPTION);
+        std::set<std::string> descriptions;
+        for (ID3V230Frame* record : sameNumber) {
+            auto description = isDescribed ? record->sDescription() : std::string();
+            if (!descriptions.insert(std::move(description)).second) record->bDupe(true);
+        }
+    }
+}
+
 } // namespace
 
 std::int32_t Internals<ID3V230>::liveCount() { return liveObjects; }
@@ -48,9 +65,10 @@ std::int16_t ID3V230::FrameCount() const { return narrowed<std::int16_t>(frameCo
 
 bool ID3V230::LoadFromFile(const std::string& path) {
     ResetValues();
-    fileName_ = path;
-    if (!checkId3Library().present) return false;
+    fileName_.clear();
     try {
+        fileName_ = lastingPath(path);
+        if (!checkId3Library().present) return false;
         ReadFrames();
     } catch (const RuntimeFailure&) {
         return false;
@@ -64,17 +82,21 @@ void ID3V230::ReadFrames() {
     readFrames(TagImage::read(file, fileName_));
 }
 
+// All of it or nothing: a tag of which some records are missing would lose their frames at the next save.
 void ID3V230::readFrames(std::shared_ptr<TagImage> tag) {
     ResetValues();
-    tag_ = std::move(tag);
-    framesSize_ = tag_->size();
-    frameCount_ = tag_->frames().size();
-    for (std::size_t index = 0; index < frameCount_; ++index) {
-        auto record = Internals<ID3V230Frame>::make(FrameSource(tag_, index));
-        record->Position(frames_->Count() + 1);
-        Internals<ID3V230Frames>::add(*frames_, std::move(record));
+    const auto records = std::make_shared<ID3V230Frames>();
+    const std::size_t count = tag->frames().size();
+    for (std::size_t index = 0; index < count; ++index) {
+        auto record = Internals<ID3V230Frame>::make(FrameSource(tag, index));
+        record->Position(records->Count() + 1);
+        Internals<ID3V230Frames>::add(*records, std::move(record));
     }
-    markDuplicates();
+    markDuplicates(*records);
+    framesSize_ = tag->size();
+    frameCount_ = count;
+    frames_ = records;
+    tag_ = std::move(tag);
 }
 
 // A new collection: hosts that hold the old one keep it.
@@ -83,22 +105,6 @@ void ID3V230::ResetValues() {
     tag_.reset();
     frameCount_ = 0;
     framesSize_ = 0;
-}
-
-// Only records of one number can be duplicates of one another, so a description is looked at where there are several,
-// and where frames of that number have one: a hostile tag may be of a million frames.
-void ID3V230::markDuplicates() const {
-    std::map<std::int16_t, std::vector<ID3V230Frame*>> byNumber;
-    for (const auto& record : *frames_) byNumber[record->eType()].push_back(record.get());
-    for (const auto& [number, records] : byNumber) {
-        if (records.size() < 2) continue;
-        const bool isDescribed = hasField(static_cast<ID3_FrameID>(number), ID3_FieldID::ID3FN_DESCRIPTION);
-        std::set<std::string> descriptions;
-        for (ID3V230Frame* record : records) {
-            auto description = isDescribed ? record->sDescription() : std::string();
-            if (!descriptions.insert(std::move(description)).second) record->bDupe(true);
-        }
-    }
 }
 
 std::shared_ptr<ID3V230Frame> ID3V230::find(ID3_FrameID frame, std::string_view descriptor) const {

@@ -5,6 +5,14 @@
 // it is read from one, and the changed tag is written by ID3V23Tag::saveTag. An object made by a host holds values for
 // FileHandler::createID3V2Tag.
 //
+// Only a tag that was read completely is written over. A save fails, and leaves the file as it is, when the tag could
+// not be read, when another program has changed the file since, and when a second tag has come to light because the
+// first one was removed: open the file again to change it then.
+//
+// Records outlive their frames: what a save or ID3V23Tag::removeTag takes out of the file is kept, up to 16 MB of it in
+// memory, more in a nameless temporary file. So a tag that was removed can be saved again, and a frame is there again
+// when its record is no longer marked as deleted. Where nothing can be kept, the file is not changed.
+//
 // A text property that is set to "" deletes its frame at the next save. Text is UTF-8; double quotes become apostrophes
 // when a tag is read and when it is written. Different threads may use different objects.
 #pragma once
@@ -25,6 +33,7 @@
 namespace corvane {
 
 class FileReader;
+class KeptFrames;
 class TagImage;
 
 class CORVANE_EXPORT ID3V230 {
@@ -138,7 +147,8 @@ private:
     std::int32_t StripTags(std::uint8_t flags);
     template <class Change>
     bool succeeds(Change&& change);
-    void requireTag();
+    void requireTag() const;
+    std::shared_ptr<const KeptFrames> framesBeforeRemoval() const;
     bool isChanged() const;
 
     std::shared_ptr<ID3V230Frame> find(ID3_FrameID frame, std::string_view descriptor) const;
@@ -146,7 +156,6 @@ private:
     void SetFrameValue(ID3_FrameID frame, FrameVariant value, std::string_view descriptor = {});
     void setText(ID3_FrameID frame, std::string_view value, std::string_view descriptor = {});
     std::shared_ptr<ID3V230Frame> AddFrameValue(ID3_FrameID frame, FrameVariant value, std::string_view descriptor);
-    void markDuplicates() const;
 
     bool hadError_ = false;
     std::string errorDescription_;
@@ -154,7 +163,7 @@ private:
     std::string fileName_;
     std::size_t frameCount_ = 0;
     std::uint32_t framesSize_ = 0;
-    std::shared_ptr<TagImage> tag_; // as it stands in the file; nothing before the object is bound to one
+    std::shared_ptr<TagImage> tag_; // as it is in the file; nothing when it was not read completely
     std::shared_ptr<ID3V230Frames> frames_;
     std::optional<Failure> failure_;
 };

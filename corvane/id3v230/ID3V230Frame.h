@@ -2,8 +2,9 @@
 // was read. Made by ID3V230; hosts reach the records through ID3V230::Frames.
 //
 // What a frame says is taken out of its bytes when a member first asks for it. A payload of more than 64 KB, such as a
-// picture, may still stand in the file then: members fail with a RuntimeFailure when that file was changed by somebody
-// else meanwhile or is gone. Different threads may use the records of different tags.
+// picture, may still be in the file then: members fail with a RuntimeFailure when that file was changed by somebody
+// else meanwhile or is gone. What the library itself takes out of the file stays with the record (see ID3V230).
+// Different threads may use the records of different tags.
 #pragma once
 
 #include "corvane/id3v230/FrameVariant.h"

@@ -33,7 +33,7 @@ struct Internals<ID3V230> {
     // Why the last save or strip has failed; nothing after a success.
     static const std::optional<Failure>& lastFailure(const ID3V230& tag) { return tag.failure_; }
     static const std::string& FileName(const ID3V230& tag) { return tag.fileName_; }
-    // The tag as it stands in the file; nothing before the object is bound to one.
+    // The tag as it is in the file; nothing when it was not read completely.
     static const std::shared_ptr<TagImage>& image(const ID3V230& tag) { return tag.tag_; }
     // Whether any record was changed.
     static bool isChanged(const ID3V230& tag) { return tag.isChanged(); }

@@ -5,9 +5,9 @@
 #include "corvane/id3v230/RecordsToWrite.h"
 #include "corvane/id3v230/TagSaving.h"
 #include "corvane/id3v230/TagStripping.h"
-#include "corvane/platform/FileReader.h"
 #include "corvane/platform/RuntimeFailure.h"
 
+#include <array>
 #include <cerrno>
 #include <utility>
 
@@ -50,6 +50,20 @@ std::vector<TagFrame> framesOf(const std::vector<RecordToWrite>& records, std::v
     return frames;
 }
 
+// Places in the tag of the frames whose records go on without them: their data leave the file.
+std::vector<std::size_t> framesToKeep(const ID3V230Frames& records, const std::vector<RecordToWrite>& written,
+                                      const std::shared_ptr<TagImage>& inFile) {
+    std::vector<std::size_t> indices;
+    auto next = written.begin(); // in the order of the records
+    for (const auto& record : records) {
+        const bool isWritten = next != written.end() && next->record == record;
+        if (isWritten) ++next;
+        const FrameSource* source = Internals<ID3V230Frame>::source(*record);
+        if (!isWritten && source != nullptr && source->tag() == inFile) indices.push_back(source->index());
+    }
+    return indices;
+}
+
 // The places of new records' frames once they are saved. They are made before, since nothing may fail when the file has
 // been written.
 std::vector<std::unique_ptr<FrameSource>> newSources(const std::vector<RecordToWrite>& records) {
@@ -71,11 +85,9 @@ void followSavedTag(const std::vector<RecordToWrite>& records, std::vector<std::
 
 } // namespace
 
-// A file that was never read is read now, for what stands there must be known before it is written over.
-void ID3V230::requireTag() {
-    if (tag_) return;
-    FileReader file(fileName_);
-    tag_ = TagImage::read(file, fileName_);
+// Frames that nobody has read would be lost: the tag is written over only when all of it was read.
+void ID3V230::requireTag() const {
+    if (!tag_) throw RuntimeFailure(ESTALE, "ID3V230", "The tag could not be read, so that it is not written over");
 }
 
 bool ID3V230::SaveTag() {
@@ -83,12 +95,14 @@ bool ID3V230::SaveTag() {
         requireTag();
         cleanQuotes(*frames_);
         std::vector<RecordToWrite> records = recordsToWrite(*frames_);
+        const auto kept = tag_->readForKeeping(framesToKeep(*frames_, records, tag_));
         EncodedRecords encoded = encodedOf(records);
         if (!encoded.change) return encoded.change;
         auto sources = newSources(records);
         SavedTag saved = saveTag(*tag_, framesOf(records, std::move(encoded.frames), tag_), useTempCopy_);
         if (saved.change) {
             followSavedTag(records, sources, saved.image);
+            tag_->keep(kept);
             tag_ = std::move(saved.image);
         }
         return saved.change;
@@ -96,17 +110,35 @@ bool ID3V230::SaveTag() {
 }
 
 std::int32_t ID3V230::StripTags(std::uint8_t flags) {
-    const bool stripped = succeeds([&] { return stripTags(fileName_, flags); });
-    if (stripped && tag_) {
-        // What the records say of frames that were in the file stays with them.
-        tag_.reset();
-        static_cast<void>(succeeds([this] {
-            requireTag();
-            return TagChange();
-        }));
-        failure_.reset();
+    std::shared_ptr<const KeptFrames> kept;
+    std::array<std::shared_ptr<TagImage>, 2> images; // without a tag, and with one that comes to light
+    const auto before = [&](ID3_TagType kind) {
+        if (kind != ID3_TagType::ID3TT_ID3V2) return;
+        kept = framesBeforeRemoval();
+        images = {TagImage::none(fileName_, {}), TagImage::uncovered(fileName_, {})};
+    };
+    const auto after = [&](const StrippedFile& stripped) {
+        if (stripped.kind != ID3_TagType::ID3TT_ID3V2) {
+            if (tag_) tag_->follow(stripped.change);
+            return;
+        }
+        if (tag_) tag_->keep(std::move(kept));
+        tag_ = std::move(images.at(stripped.beginsWithTag ? 1 : 0));
+        tag_->follow({FileIdentity(), stripped.change.after});
+    };
+    return succeeds([&] { return stripTags(fileName_, flags, {before, after}); }) ? 0 : failure_->number;
+}
+
+// What the file holds of the records' frames. Another program may have changed it: then it holds none of them, and that
+// is no reason to leave the tag in it.
+std::shared_ptr<const KeptFrames> ID3V230::framesBeforeRemoval() const {
+    if (!tag_) return nullptr;
+    try {
+        return tag_->readForKeeping(framesToKeep(*frames_, {}, tag_));
+    } catch (const RuntimeFailure& failure) {
+        if (failure.number() != ESTALE) throw;
+        return nullptr;
     }
-    return stripped ? 0 : failure_->number;
 }
 
 template <class Change>

@@ -31,6 +31,8 @@ struct RawFrame {
     // Four letters or digits; or three and a blank or a 0, as programs write that have made a tag of version 2.3 out of
     // one of version 2.2.
     bool hasFrameId() const;
+
+    friend bool operator==(const RawFrame&, const RawFrame&) = default;
 };
 
 // The header that the first 10 of `bytes`, found at `offset`, make, whatever they say; nothing when there are fewer.

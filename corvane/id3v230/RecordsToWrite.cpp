@@ -122,6 +122,7 @@ std::optional<RecordToWrite> toWrite(const std::shared_ptr<ID3V230Frame>& record
 
 void cleanQuotes(const ID3V230Frames& records) {
     for (const auto& record : records) {
+        if (record->Deleted()) continue; // what it says may not be in the file any more
         const auto& now = Record::content(*record);
         if (now.isAsRead) continue;
         std::string description = now.description;

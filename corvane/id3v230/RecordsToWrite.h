@@ -16,7 +16,7 @@ struct RecordToWrite {
     std::optional<FrameToWrite> changed; // to be encoded; nothing for a frame that is carried over
 };
 
-// Replaces the double quotes in the texts of all records by apostrophes.
+// Replaces the double quotes in the texts of all records but deleted ones by apostrophes.
 void cleanQuotes(const ID3V230Frames& records);
 
 // The records that will have a frame, in order. Left out are deleted ones, those of an empty value, and pictures that

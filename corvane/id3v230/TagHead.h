@@ -28,6 +28,8 @@ struct TagHead {
 
     // Bytes of header and body.
     std::uint64_t tagSize() const { return kByteCount + std::uint64_t{bodySize.value_or(0)}; }
+
+    friend bool operator==(const TagHead&, const TagHead&) = default;
 };
 
 // Nothing when there are fewer than 10 bytes or they do not begin with "ID3".

@@ -18,14 +18,8 @@ constexpr std::size_t kPaddingBlock = std::size_t{64} * 1024;
 
 RuntimeFailure changedFailure() { return {ESTALE, "ID3v2 tag", "The file was changed since it was read"}; }
 
-// The bytes [offset, offset + count) of a file that is still in the known state.
-ByteArray readUnchanged(const TagImage& image, std::uint64_t offset, std::size_t count) {
-    FileReader file(image.path());
-    const FileIdentity known = image.identity();
-    ByteArray bytes = file.identity() == known ? file.read(offset, count) : ByteArray();
-    if (bytes.size() != count || file.identity() != known || !file.isUnchanged()) throw changedFailure();
-    return bytes;
-}
+constexpr const char* kUncovered =
+    "another ID3v2 tag follows the one that was removed; it can be changed when the file is opened again";
 
 } // namespace
 
@@ -33,6 +27,12 @@ TagImage::TagImage(std::string path, const FileIdentity& identity) : path_(std::
 
 std::shared_ptr<TagImage> TagImage::none(const std::string& path, const FileIdentity& identity) {
     return TagGatherer(path, identity).done();
+}
+
+std::shared_ptr<TagImage> TagImage::uncovered(const std::string& path, const FileIdentity& identity) {
+    TagGatherer image(path, identity);
+    image.refuse(kUncovered, Id3libError::NoFile);
+    return image.done();
 }
 
 std::uint32_t TagImage::size() const {
@@ -55,17 +55,75 @@ Bytes TagImage::head(const RawFrame& frame) const {
 ByteArray TagImage::data(const RawFrame& frame) const {
     const Bytes gathered = head(frame);
     if (gathered.size() == frame.dataSize) return {gathered.begin(), gathered.end()};
-    return readUnchanged(*this, frame.offset + RawFrame::kHeaderSize, frame.dataSize);
+    const std::size_t index = indexOf(frame);
+    if (auto kept = large_.keptData(index)) return std::move(*kept);
+    ByteArray data = readUnchanged(frame.offset + RawFrame::kHeaderSize, frame.dataSize);
+    large_.wasRead(index, LargeFrames::fingerprintOf(data));
+    return data;
 }
 
 ByteArray TagImage::bytes(const RawFrame& frame) const {
-    const Bytes gathered = head(frame);
-    if (gathered.size() != frame.dataSize)
-        return readUnchanged(*this, frame.offset, static_cast<std::size_t>(frame.size()));
     const auto header = encodedFrameHeader(frame);
     ByteArray bytes(header.begin(), header.end());
-    bytes.insert(bytes.end(), gathered.begin(), gathered.end());
+    const ByteArray rest = data(frame);
+    bytes.insert(bytes.end(), rest.begin(), rest.end());
     return bytes;
+}
+
+ByteArray TagImage::readUnchanged(std::uint64_t offset, std::size_t count) const {
+    FileReader file(path_);
+    requireUnchanged(file);
+    ByteArray bytes = file.read(offset, count);
+    if (bytes.size() != count || !file.isUnchanged()) throw changedFailure();
+    return bytes;
+}
+
+void TagImage::requireUnchanged(const FileIdentity& now) const {
+    if (now == identity()) return;
+    FileReader file(path_);
+    if (file.identity() != now) throw changedFailure();
+    requireUnchanged(file);
+}
+
+void TagImage::requireUnchanged(FileReader& file) const {
+    const FileIdentity known = identity();
+    if (file.identity() == known) return;
+    if (!hasSameContent(file.identity(), known) || !hasSameTag(file) || !file.isUnchanged()) throw changedFailure();
+    follow({known, file.identity()});
+}
+
+bool TagImage::hasSameTag(FileReader& file) const {
+    const auto found = read(file, path_);
+    if (found->head_ != head_ || found->frames_ != frames_ || found->padding_ != padding_) return false;
+    return hasFileOffsets() ? hasSameFrames(file) : found->memory_ == memory_;
+}
+
+// Of data as far as they are known.
+bool TagImage::hasSameFrames(FileReader& file) const {
+    const auto dataOf = [](const RawFrame& frame) { return frame.offset + RawFrame::kHeaderSize; };
+    for (const RawFrame& frame : frames_) {
+        const Bytes known = head(frame);
+        if (!std::ranges::equal(file.view(dataOf(frame), known.size()), known)) return false;
+    }
+    const auto isTheSame = [&](const auto& known) {
+        const RawFrame& frame = frames_.at(known.first);
+        return LargeFrames::fingerprintOf(file.read(dataOf(frame), frame.dataSize)) == known.second;
+    };
+    return std::ranges::all_of(large_.fingerprints(), isTheSame);
+}
+
+std::shared_ptr<const KeptFrames> TagImage::readForKeeping(std::span<const std::size_t> indices) const {
+    std::uint64_t size = 0;
+    for (const std::size_t index : indices) size += isInMemory(frames_.at(index)) ? 0 : frames_[index].dataSize;
+    if (size == 0) return nullptr;
+    FileReader file(path_);
+    requireUnchanged(file);
+    const auto kept = std::make_shared<KeptFrames>(size);
+    for (const std::size_t index : indices) {
+        if (!isInMemory(frames_[index])) kept->keep(index, frames_[index], file);
+    }
+    if (!file.isUnchanged()) throw changedFailure();
+    return kept;
 }
 
 TagImage::Refusal TagImage::paddingRefusal() {
@@ -75,7 +133,7 @@ TagImage::Refusal TagImage::paddingRefusal() {
 std::optional<TagImage::Refusal> TagImage::refusal() const {
     if (refusal_ || padding_.size == 0) return refusal_;
     FileReader file(path_);
-    if (!hasSameContent(file.identity(), identity())) throw changedFailure();
+    requireUnchanged(file);
     for (std::uint64_t done = 0; done < padding_.size; done += kPaddingBlock) {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(kPaddingBlock, padding_.size - done));
         const Bytes block = file.view(padding_.offset + done, count);

@@ -5,9 +5,13 @@
 // as pictures, stay in the file and are read when somebody asks, from the same file in the same state: a file that was
 // changed, replaced or removed since is a failure, never other bytes. An unsynchronised tag is read whole and undone.
 //
+// Programs can change a file and give it its old modification time back. Where no more than the time of the inode
+// differs, the file is compared with everything that was read of the tag; that costs only then.
+//
 // An image does not change once it is made, so that different threads may use one.
 #pragma once
 
+#include "corvane/id3v230/LargeFrames.h"
 #include "corvane/id3v230/RawFrame.h"
 #include "corvane/id3v230/TagHead.h"
 #include "corvane/platform/Bytes.h"
@@ -38,6 +42,7 @@ public:
     struct Padding {
         std::uint64_t offset = 0;
         std::uint64_t size = 0;
+        friend bool operator==(const Padding&, const Padding&) = default;
     };
 
     // The tag of an open file; `path` is that of the same file and serves to read large frames later. Odd tags are no
@@ -46,6 +51,9 @@ public:
     static std::shared_ptr<TagImage> read(FileReader& file, const std::string& path);
     // No tag, of a file in this state.
     static std::shared_ptr<TagImage> none(const std::string& path, const FileIdentity& identity);
+    // The same, of a file out of which a tag was taken that another one follows. Nobody has read that one, so that it
+    // must not be written over.
+    static std::shared_ptr<TagImage> uncovered(const std::string& path, const FileIdentity& identity);
 
     // Whether a tag of any version stands there.
     bool exists() const { return head_.has_value(); }
@@ -76,6 +84,22 @@ public:
     FileIdentity identity() const { return file_.get(); }
     // The library has changed the file itself, behind the tag: large frames in it are still those that were meant.
     void follow(const FileChange& change) const { file_.follow(change); }
+    // Fails with ESTALE when the file, which is in this state now, is not the one that was read, or what was read of
+    // the tag is not what it holds.
+    void requireUnchanged(const FileIdentity& now) const;
+    // The same of an open file.
+    void requireUnchanged(FileReader& file) const;
+
+    // Reads those of these frames that are in the file only, for a change that takes them out of it. Nothing when there
+    // are none. Fails when they cannot be read or kept.
+    std::shared_ptr<const KeptFrames> readForKeeping(std::span<const std::size_t> indices) const;
+    // From now on the data of these frames are those.
+    void keep(std::shared_ptr<const KeptFrames> kept) const noexcept {
+        if (kept) large_.keep(std::move(kept));
+    }
+    // The data of a large frame are known, though they are not kept.
+    void wasRead(std::size_t index, std::size_t fingerprint) const { large_.wasRead(index, fingerprint); }
+    LargeFrames::Fingerprints fingerprints() const { return large_.fingerprints(); }
 
     // Why this tag must not be written anew, or nothing. Looks at the padding, which loading does not read; fails when
     // that cannot be read.
@@ -95,6 +119,9 @@ private:
 
     TagImage(std::string path, const FileIdentity& identity);
     std::size_t indexOf(const RawFrame& frame) const;
+    ByteArray readUnchanged(std::uint64_t offset, std::size_t count) const;
+    bool hasSameTag(FileReader& file) const;
+    bool hasSameFrames(FileReader& file) const;
 
     std::string path_;
     KnownFile file_;
@@ -104,6 +131,7 @@ private:
     ByteArray memory_;               // the gathered data, or the whole body with its unsynchronisation undone
     std::optional<Refusal> refusal_;
     Padding padding_;
+    mutable LargeFrames large_;
 };
 
 } // namespace corvane

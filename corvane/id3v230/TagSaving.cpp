@@ -2,10 +2,9 @@
 
 #include "corvane/id3v230/TagWriting.h"
 #include "corvane/platform/FileReader.h"
-#include "corvane/platform/RuntimeFailure.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <map>
 #include <utility>
 
 namespace corvane {
@@ -32,19 +31,40 @@ SavedTag refused(const TagImage::Refusal& refusal) {
 SavedTag refused(std::string reason) { return {{Id3libError::BadData, std::move(reason)}, nullptr}; }
 
 FileIdentity unchangedIdentity(const TagImage& loaded) {
-    const FileReader file(loaded.path());
-    if (!hasSameContent(file.identity(), loaded.identity()))
-        throw RuntimeFailure(ESTALE, "save", "The file was changed since it was read");
+    FileReader file(loaded.path());
+    loaded.requireUnchanged(file);
     return file.identity();
+}
+
+// What the file will begin with when the tag is gone. It is looked at before, since nothing may fail afterwards.
+std::shared_ptr<TagImage> imageBehind(const TagImage& loaded) {
+    FileReader file(loaded.path());
+    loaded.requireUnchanged(file);
+    const bool isTag = decodeTagHead(file.view(loaded.size(), TagHead::kByteCount)).has_value();
+    return isTag ? TagImage::uncovered(loaded.path(), {}) : TagImage::none(loaded.path(), {});
+}
+
+// Goes on knowing what was read of large frames, and what is written of new ones.
+void noteLargeFrames(const TagImage& loaded, const std::vector<TagFrame>& frames, const TagImage& image) {
+    std::map<std::uint64_t, std::size_t> known; // by offset
+    for (const auto& [index, fingerprint] : loaded.fingerprints()) known[loaded.frames()[index].offset] = fingerprint;
+    for (std::size_t index = 0; index < frames.size(); ++index) {
+        const TagFrame& frame = frames[index];
+        if (image.isInMemory(image.frames()[index])) continue;
+        if (frame.isMade()) {
+            image.wasRead(index, LargeFrames::fingerprintOf(Bytes(frame.made).subspan(RawFrame::kHeaderSize)));
+        } else if (const auto found = known.find(frame.carried.offset); found != known.end()) {
+            image.wasRead(index, found->second);
+        }
+    }
 }
 
 SavedTag withoutTag(const TagImage& loaded) {
     if (const auto refusal = loaded.refusal()) return refused(*refusal);
     if (!loaded.exists()) return {{}, TagImage::none(loaded.path(), unchangedIdentity(loaded))};
-    const FileIdentity after = removeTag(loaded);
-    FileReader file(loaded.path());
-    // What follows may well be a second tag.
-    return {{}, file.identity() == after ? TagImage::read(file, loaded.path()) : TagImage::none(loaded.path(), {})};
+    auto image = imageBehind(loaded);
+    image->follow({FileIdentity(), removeTag(loaded)});
+    return {{}, std::move(image)};
 }
 
 SavedTag withTag(const TagImage& loaded, const std::vector<TagFrame>& frames, bool safely) {
@@ -53,6 +73,7 @@ SavedTag withTag(const TagImage& loaded, const std::vector<TagFrame>& frames, bo
     ComposedTag tag(loaded, frames, plannedSize(loaded, needed));
     auto image = tag.image(frames);
     if (!image) return refused("the new tag would not read as it should");
+    noteLargeFrames(loaded, frames, *image);
     const bool isSame = tag.changedRange().isEmpty();
     const bool inPlace = !safely && !isSame && tag.size() == loaded.size();
     if (!inPlace) {

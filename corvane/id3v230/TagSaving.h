@@ -17,7 +17,8 @@ inline constexpr std::uint64_t kLargestPadding = std::uint64_t{64} * 1024;
 struct SavedTag {
     TagChange change;
     // The tag as it stands in the file now, its frames those that were given, one by one; nullptr when nothing was
-    // changed because of a failure.
+    // changed because of a failure. Where a removed tag was followed by another one, that one is not read: it must be
+    // read before it is written over (TagImage::uncovered).
     std::shared_ptr<TagImage> image;
 };
 

@@ -55,33 +55,42 @@ Cut trailingTag(FileReader& file, ID3_TagType kind) {
     return found.tag ? Cut{{}, found.tag->offset, found.tag->size} : Cut{};
 }
 
-void cutOut(const std::string& path, const FileIdentity& known, const Cut& cut) {
+FileIdentity cutOut(const std::string& path, const FileIdentity& known, const Cut& cut) {
     FileReplacement replacement(path);
     replacement.requireUnchanged(known);
     const std::uint64_t behind = cut.offset + cut.size;
     if (cut.offset > 0) replacement.copy(0, cut.offset);
     if (behind < replacement.originalSize()) replacement.copy(behind, replacement.originalSize() - behind);
     replacement.commit();
+    return replacement.committed();
+}
+
+void strip(FileReader& file, const std::string& path, ID3_TagType kind, const Cut& cut, const StripObserver& observer) {
+    if (observer.before) observer.before(kind);
+    StrippedFile stripped{kind, {file.identity(), {}}};
+    stripped.beginsWithTag = kind == ID3TT_ID3V2 && decodeTagHead(file.view(cut.size, TagHead::kByteCount)).has_value();
+    stripped.change.after = cutOut(path, file.identity(), cut);
+    if (observer.after) observer.after(stripped);
 }
 
 } // namespace
 
-TagChange stripTag(const std::string& path, ID3_TagType kind) {
+TagChange stripTag(const std::string& path, ID3_TagType kind, const StripObserver& observer) {
     try {
         FileReader file(path);
         const Cut cut = kind == ID3TT_ID3V2 ? leadingTag(file) : trailingTag(file, kind);
-        if (cut.size > 0) cutOut(path, file.identity(), cut);
+        if (cut.size > 0) strip(file, path, kind, cut, observer);
         return cut.change;
     } catch (const std::exception& failure) {
         return changeFailure(failure);
     }
 }
 
-TagChange stripTags(const std::string& path, std::uint8_t kinds) {
+TagChange stripTags(const std::string& path, std::uint8_t kinds, const StripObserver& observer) {
     for (const ID3_TagType kind :
          std::array{ID3TT_ID3V1, ID3TT_ID3V2, ID3TT_LYRICS3, ID3TT_LYRICS3V2, ID3TT_MUSICMATCH}) {
         if ((kinds & static_cast<std::uint8_t>(kind)) == 0) continue;
-        TagChange change = stripTag(path, kind);
+        TagChange change = stripTag(path, kind, observer);
         if (!change) return change;
     }
     return {};

@@ -108,7 +108,7 @@ ByteArray newBytes(const ComposedTag& tag, const OldBytes& old, ComposedTag::Ran
 
 FileIdentity replaceTag(const TagImage& loaded, const ComposedTag& tag, const TagImage& image) {
     FileReplacement replacement(loaded.path());
-    replacement.requireUnchanged(loaded.identity());
+    loaded.requireUnchanged(replacement.openedIdentity());
     append(replacement, tag);
     const std::uint64_t rest = replacement.originalSize() - loaded.size();
     replacement.copy(loaded.size(), rest);
@@ -119,7 +119,7 @@ FileIdentity replaceTag(const TagImage& loaded, const ComposedTag& tag, const Ta
 
 FileIdentity removeTag(const TagImage& loaded) {
     FileReplacement replacement(loaded.path());
-    replacement.requireUnchanged(loaded.identity());
+    loaded.requireUnchanged(replacement.openedIdentity());
     replacement.copy(loaded.size(), replacement.originalSize() - loaded.size());
     replacement.commit();
     return replacement.committed();
@@ -127,7 +127,7 @@ FileIdentity removeTag(const TagImage& loaded) {
 
 std::optional<FileIdentity> writeInPlace(const TagImage& loaded, const ComposedTag& tag) {
     InPlaceFile file(loaded.path());
-    file.requireUnchanged(loaded.identity());
+    loaded.requireUnchanged(file.openedIdentity());
     const ComposedTag::Range changed = tag.changedRange();
     const OldBytes old(file, loaded, changed);
     if (!old.hasEmptyPadding()) return std::nullopt;

@@ -40,6 +40,8 @@ public:
 
     // Length of the old content in bytes.
     std::uint64_t originalSize() const { return identity_.size; }
+    // The file's state when it was opened.
+    const FileIdentity& openedIdentity() const { return identity_; }
     // The folder of the file behind all links, with its trailing separator.
     const std::string& folder() const { return folderName_; }
     // The temporary file's path, as soon as there is one; it stays known after a failure.

@@ -69,11 +69,6 @@ void InPlaceFile::overwrite(std::uint64_t offset, Bytes bytes, Bytes old) {
                             "; the change could not be taken back: " + std::generic_category().message(second));
 }
 
-void InPlaceFile::requireUnchanged(const FileIdentity& known) const {
-    if (!hasSameContent(known, opened_))
-        throw RuntimeFailure(EBUSY, kSource, "The file was changed by another program meanwhile");
-}
-
 InPlaceFile::Written InPlaceFile::put(std::uint64_t offset, Bytes bytes) const {
     Written done;
     while (done.count < bytes.size()) {

@@ -21,6 +21,8 @@ public:
 
     // Length in bytes when it was opened.
     std::uint64_t size() const { return opened_.size; }
+    // The file's state when it was opened.
+    const FileIdentity& openedIdentity() const { return opened_; }
     // The file's state now; the empty one when the system does not tell it.
     FileIdentity identity() const;
     // The bytes [offset, offset + count), fewer when the file ends before.
@@ -32,9 +34,6 @@ public:
     void write(std::uint64_t offset, Bytes bytes);
     // The same over bytes that the caller has just read: `old` are those that stand there, as many as are written.
     void overwrite(std::uint64_t offset, Bytes bytes, Bytes old);
-
-    // Fails when the file is not the one, or not in the state, in which it was when `known` was taken.
-    void requireUnchanged(const FileIdentity& known) const;
 
 private:
     struct Written {

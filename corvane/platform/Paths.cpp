@@ -58,6 +58,8 @@ std::string absolutePath(std::string_view path) {
     return endsInFolder ? absolute + kSeparator : absolute;
 }
 
+std::string lastingPath(const std::string& path) { return path.starts_with(kSeparator) ? path : absolutePath(path); }
+
 std::string resolvedPath(const std::string& path) {
     const SystemText resolved(::realpath(systemPath(path), nullptr));
     if (resolved == nullptr) throw systemFailure(errno, "open");

@@ -20,6 +20,9 @@ std::string driveNameOf(std::string_view path);
 // separators are left out, ".." and links stay as they are. "" stays "". Fails with errno's number and text when the
 // current folder is needed and cannot be told.
 std::string absolutePath(std::string_view path);
+// The path under which an object knows its file from now on: a relative one as seen from the root, since the process
+// may go to another folder; others as they are. Fails as absolutePath does.
+std::string lastingPath(const std::string& path);
 // The path of the same file with all links and ".." resolved. Fails with errno's number and text when there is no such
 // file.
 std::string resolvedPath(const std::string& path);

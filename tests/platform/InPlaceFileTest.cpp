@@ -73,14 +73,15 @@ TEST(InPlaceFile, BytesThatHaveJustBeenReadAreWrittenOver) {
     EXPECT_EQ(contentOf(path), bytesOf("012abc6789"));
 }
 
-TEST(InPlaceFile, RefusesAFileThatIsNotTheOneThatWasRead) {
+TEST(InPlaceFile, TellsTheStateInWhichItWasOpened) {
     const ScratchFolder folder;
     const std::string path = folder.write("f", bytesOf("0123"));
-    const FileIdentity known = InPlaceFile(path).identity();
-    ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
-    EXPECT_NO_THROW(InPlaceFile(path).requireUnchanged(known)) << "its content is still the same";
-    InPlaceFile(path).write(4, bytesOf("4"));
-    EXPECT_EQ(failureNumberOf([&] { InPlaceFile(path).requireUnchanged(known); }), EBUSY);
+    InPlaceFile file(path);
+    const FileIdentity opened = file.openedIdentity();
+    EXPECT_EQ(opened, identityOf(test::statusOf(path)));
+    file.write(4, bytesOf("4"));
+    EXPECT_EQ(file.openedIdentity(), opened);
+    EXPECT_EQ(file.identity(), identityOf(test::statusOf(path)));
 }
 
 TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {

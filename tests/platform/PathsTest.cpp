@@ -78,6 +78,17 @@ INSTANTIATE_TEST_SUITE_P(Paths, AbsolutePath, // @ is the current folder
                                          AbsoluteCase{"Nothing", "", ""}),
                          [](const auto& tested) { return tested.param.name; });
 
+TEST(Paths, ALastingPathIsARelativeOneSeenFromTheRoot) {
+    const ScratchFolder folder;
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    const std::string found = lastingPath("x/a.mp3");
+    std::filesystem::current_path(before);
+    EXPECT_EQ(found, folder.path("x/a.mp3"));
+    EXPECT_EQ(lastingPath("/x//./a.mp3"), "/x//./a.mp3");
+    EXPECT_EQ(lastingPath(""), "");
+}
+
 TEST(Paths, AnAbsolutePathKeepsLinks) {
     const ScratchFolder folder;
     ASSERT_EQ(::symlink("nowhere", folder.path("link").c_str()), 0);
