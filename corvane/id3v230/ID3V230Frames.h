@@ -1,21 +1,59 @@
 // The frame records of an ID3V230, in the order of the tag and then of addition.
 //
-// Positions count from 1. The records are the tag's own, not copies.
+// Positions count from 1. The records are the tag's own, not copies. Setting a property of the tag may add a record at
+// the end, also while the records are iterated: iterators and references to records stay valid as long as the
+// collection exists, and end() is the end at the moment of its call, so that a loop visits the records of its start.
 #pragma once
 
 #include "corvane/id3v230/ID3V230Frame.h"
 #include "corvane/platform/Export.h"
 #include "corvane/platform/Internals.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <iterator>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace corvane {
 
 class CORVANE_EXPORT ID3V230Frames {
+    // A deque: its elements stay in place when others are added.
+    using Records = std::deque<std::shared_ptr<ID3V230Frame>>;
+
 public:
+    // A place in the collection.
+    class Iterator {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = std::shared_ptr<ID3V230Frame>;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const value_type*;
+        using reference = const value_type&;
+
+        Iterator() = default;
+        reference operator*() const { return (*records_)[index_]; }
+        pointer operator->() const { return &(*records_)[index_]; }
+        Iterator& operator++() {
+            ++index_;
+            return *this;
+        }
+        Iterator operator++(int) {
+            Iterator before = *this;
+            ++index_;
+            return before;
+        }
+        bool operator==(const Iterator&) const = default;
+
+    private:
+        friend class ID3V230Frames;
+        Iterator(const Records& records, std::size_t index) : records_(&records), index_(index) {}
+
+        const Records* records_ = nullptr;
+        std::size_t index_ = 0;
+    };
+
     // Number of records, deleted ones too.
     std::int32_t Count() const { return static_cast<std::int32_t>(records_.size()); }
     // The record at a position from 1 to Count; nothing for any other.
@@ -25,12 +63,12 @@ public:
     std::shared_ptr<ID3V230Frame> operator[](std::int32_t Index) const { return Item(Index); }
 
     // The records in order.
-    auto begin() const { return records_.begin(); }
-    auto end() const { return records_.end(); }
+    Iterator begin() const { return {records_, 0}; }
+    Iterator end() const { return {records_, records_.size()}; }
 
 private:
     friend struct Internals<ID3V230Frames>;
-    std::vector<std::shared_ptr<ID3V230Frame>> records_;
+    Records records_;
 };
 
 template <>
