@@ -9,6 +9,7 @@
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/ID3_TagType.h"
+#include "corvane/id3v230/RecordsToWrite.h"
 #include "corvane/id3v230/SyncedLyrics.h"
 #include "corvane/id3v230/UrlText.h"
 #include "corvane/platform/ByteReader.h"
@@ -145,11 +146,6 @@ void requireRestIsIntact(Bytes before, Bytes now) {
     require(tag == 0 || toldSize(now) == tag, "a tag and the audio make the file");
 }
 
-bool hasQuotes(const FrameContent& content) {
-    return valueText(content.value).find('"') != std::string::npos ||
-           content.description.find('"') != std::string::npos;
-}
-
 // The frames that must stay as they are: those of records that the change was not about, without quotes that become
 // apostrophes.
 struct OldFrame {
@@ -161,9 +157,7 @@ std::vector<OldFrame> framesOf(const ID3V230& tag) {
     std::vector<OldFrame> frames;
     for (const auto& record : *tag.Frames()) {
         const FrameSource& source = *Record::source(*record);
-        const auto content = source.content();
-        const bool isFree = content && hasQuotes(*content);
-        frames.push_back({record, isFree ? ByteArray() : source.tag()->bytes(source.frame())});
+        frames.push_back({record, losesQuotes(*record) ? ByteArray() : source.tag()->bytes(source.frame())});
     }
     return frames;
 }

@@ -30,6 +30,9 @@ public:
 // field that the frame does not have is told to the user in a message box, and nothing is stored.
 void id3SetField(FieldWriter& frame, const FrameVariant& value, ID3_FieldID field);
 
+// Reports in a message box that a value is not stored because its frame has no such field.
+void reportMissingField(const FrameVariant& value, ID3_FieldID field);
+
 // A value as text: numbers in decimal digits, "" for a picture or for nothing.
 std::string fieldText(const FrameVariant& value);
 

@@ -13,8 +13,11 @@
 // memory, more in a nameless temporary file. So a tag that was removed can be saved again, and a frame is there again
 // when its record is no longer marked as deleted. Where nothing can be kept, the file is not changed.
 //
-// A text property that is set to "" deletes its frame at the next save. Text is UTF-8; double quotes become apostrophes
-// when a tag is read and when it is written. Different threads may use different objects.
+// A text property that is set to "" deletes its frame at the next save. Writing back what a property has returned
+// changes nothing, also where it returns only a part of the frame, or nothing of a frame that it cannot read; such a
+// frame is taken out by the Delete of its record. Text is UTF-8; double quotes become apostrophes when a tag is read
+// and when it is written. A frame of the file in which only they change keeps all its other bytes; one that has flags,
+// a group or a compression keeps the quotes too. Different threads may use different objects.
 #pragma once
 
 #include "corvane/id3v230/FrameVariant.h"
@@ -70,9 +73,9 @@ public:
     void Song(std::string_view value);
     std::string Artist() const; // TPE1
     void Artist(std::string_view value);
-    std::string ArtistURL() const; // WOAR
+    std::string ArtistURL() const; // WOAR; in the file, characters outside ISO-8859-1 are escaped with "%"
     void ArtistURL(std::string_view value);
-    std::string UserURL() const; // WXXX without a description
+    std::string UserURL() const; // WXXX without a description; escaped like ArtistURL
     void UserURL(std::string_view value);
     std::string Album() const; // TALB
     void Album(std::string_view value);
@@ -93,13 +96,13 @@ public:
     void TotalTracks(std::int16_t value);
     // The number that TYER begins with, 0 without one. Fails with an overflow when it does not fit 16 bits.
     std::int16_t Year() const;
-    // Stores the number; 0 is a year too and deletes nothing.
+    // Stores the number; 0 is a year too and deletes nothing. The year of a date such as "1999-05-01" leaves the date.
     void Year(std::int16_t value);
     // UTF-8, "" without the frame. Writing "" takes it out at the next save.
     std::string Comments() const; // COMM without a description
     void Comments(std::string_view value);
-    // UFID, UTF-8; "" without the frame, and writing "" takes it out. In the file a blank stands behind each character,
-    // as hosts expect it; the frame gets no owner.
+    // UFID, UTF-8; "" without the frame, and writing "" takes it out. In the file a blank follows each character, as
+    // hosts expect it; the frame gets no owner. The bytes of a key that is not changed stay, double quotes included.
     std::string UniqueKey() const;
     void UniqueKey(std::string_view value);
     // UTF-8, "" without the frame. Writing "" takes it out at the next save.
@@ -115,7 +118,8 @@ public:
     void LyricsSynced(std::string_view value);
     // APIC without a description; nothing without the frame, or when it is no JPEG, PNG, GIF or BMP image.
     std::shared_ptr<corvane::Picture> Picture() const;
-    // Nothing takes the picture out of the file at the next save.
+    // Nothing takes the picture out of the file at the next save, but not an image of another kind. Fails with a
+    // RuntimeFailure when the picture that is there can no longer be read.
     void Picture(std::shared_ptr<corvane::Picture> value);
     // UTF-8, "" without the frame. Writing "" takes it out at the next save.
     std::string Tempo() const; // COMM "MusicMatch_Tempo"
@@ -127,7 +131,7 @@ public:
     std::string Preference() const; // COMM "MusicMatch_Preference"
     void Preference(std::string_view value);
 
-    // The live collection of records, not a copy.
+    // The live collection of records, not a copy. Properties may be set while it is iterated.
     std::shared_ptr<ID3V230Frames> Frames() const { return frames_; }
 
 private:

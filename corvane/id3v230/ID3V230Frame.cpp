@@ -18,7 +18,7 @@ std::string nameOf(std::int16_t type, enumShortOrLongText which) {
     return std::string(FrameName(type, which).value_or(std::string_view()));
 }
 
-// The identifier of a file may be any bytes, which must stay what they are.
+// The identifier of a file may be any bytes, which must stay what they are: only its text has apostrophes.
 bool isBinary(const FrameSource& source) { return source.number() == ID3_FrameID::ID3FID_UNIQUEFILEID; }
 
 } // namespace
@@ -41,7 +41,8 @@ ID3V230Frame::Content& ID3V230Frame::content() const {
         FrameContent read = found ? std::move(*found) : FrameContent();
         content->value = std::move(read.value);
         auto* text = std::get_if<std::string>(&content->value);
-        content->isAsRead = (text == nullptr || isBinary(*source_) || !replaceQuotes(*text));
+        const bool isCleaned = text != nullptr && replaceQuotes(*text);
+        content->isAsRead = !isCleaned || isBinary(*source_);
         content->description = std::move(read.description);
         if (replaceQuotes(content->description)) content->isAsRead = false;
         if (!read.language.empty()) content->language = std::move(read.language);
@@ -96,10 +97,10 @@ std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
     return *now.picture;
 }
 
-// Hosts write back all that they have read: the picture that is there already is no change of its frame.
+// Hosts write back all that they have read: the picture that is there already is no change of its frame, and neither is
+// none for an image that the library does not know.
 void ID3V230Frame::Picture(std::shared_ptr<corvane::Picture> value) {
-    const Content& before = content();
-    if (value && before.picture == value && !before.pictureBytes) return;
+    if (!content().pictureBytes && Picture() == value) return;
     Content& now = changed();
     now.picture = std::move(value);
     now.pictureWasSet = true;

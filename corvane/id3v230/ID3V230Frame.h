@@ -38,13 +38,15 @@ public:
     std::int32_t FrameHandle() const { return handle_; }
     void FrameHandle(std::int32_t value) { handle_ = value; }
     // The value: text, the year when it was set as a number (16 bits), the count of PCNT (32 bits), the picture of
-    // APIC; nothing for frames without a value of these kinds. Double quotes of the file are apostrophes here.
+    // APIC; nothing for frames without a value of these kinds. Double quotes of the file are apostrophes here. A value
+    // for a frame that has no field for it is reported in a message box at the next save, and the frame stays.
     FrameVariant vValue() const;
     void vValue(FrameVariant value);
     // Place in the tag's collection, from 1.
     std::int32_t Position() const { return position_; }
     void Position(std::int32_t value) { position_ = value; }
-    // The description of a comment, of lyrics, of a user text or address and of a picture; "" for other frames.
+    // The description of a comment, of lyrics, of a user text or address, of a picture and of an object; "" for other
+    // frames. The next save fails when another one cannot be written, as in an encrypted frame or one without a value.
     std::string sDescription() const;
     void sDescription(std::string value);
     // Whether the frame is to be left out of the tag at the next save.
@@ -61,6 +63,8 @@ public:
     void vLanguage(Variant value);
     // The picture of APIC; nothing without one, or when it is no JPEG, PNG, GIF or BMP image.
     std::shared_ptr<corvane::Picture> Picture() const;
+    // Nothing takes the picture out at the next save. What Picture() has returned changes nothing, also nothing for an
+    // image of another kind: Delete() takes the frame out.
     void Picture(std::shared_ptr<corvane::Picture> value);
     // Whether an earlier record of the tag has the same frame number and description.
     bool bDupe() const { return dupe_; }

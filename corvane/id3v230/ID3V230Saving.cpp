@@ -17,19 +17,21 @@ namespace {
 
 struct EncodedRecords {
     TagChange change;
+    std::vector<RecordToWrite> records;
     std::vector<ByteArray> frames; // of the records that were changed, in order
 };
 
-EncodedRecords encodedOf(std::vector<RecordToWrite>& records) {
+EncodedRecords encodedOf(const ID3V230Frames& frames) try {
+    EncodedRecords encoded;
+    encoded.records = recordsToWrite(frames);
     std::vector<FrameToWrite> changed;
-    for (RecordToWrite& record : records) {
+    for (RecordToWrite& record : encoded.records) {
         if (record.changed) changed.push_back(std::move(*record.changed));
     }
-    try {
-        return {{}, encodedFrames(changed)};
-    } catch (const EncodingFailure& failure) {
-        return {{static_cast<Id3libError>(failure.number()), failure.description()}, {}};
-    }
+    encoded.frames = encodedFrames(changed);
+    return encoded;
+} catch (const EncodingFailure& failure) {
+    return {{static_cast<Id3libError>(failure.number()), failure.description()}, {}, {}};
 }
 
 // A record's frame as it stands in the tag; in memory where the tag is not the one in the file any more.
@@ -39,13 +41,19 @@ TagFrame carriedOver(const ID3V230Frame& record, const std::shared_ptr<TagImage>
                                   : TagFrame::madeOf(source.tag()->bytes(source.frame()));
 }
 
-std::vector<TagFrame> framesOf(const std::vector<RecordToWrite>& records, std::vector<ByteArray> encoded,
+std::vector<TagFrame> framesOf(std::vector<RecordToWrite>& records, std::vector<ByteArray> encoded,
                                const std::shared_ptr<TagImage>& inFile) {
     std::vector<TagFrame> frames;
     frames.reserve(records.size());
     auto next = encoded.begin();
-    for (const RecordToWrite& record : records) {
-        frames.push_back(record.changed ? TagFrame::madeOf(std::move(*next++)) : carriedOver(*record.record, inFile));
+    for (RecordToWrite& record : records) {
+        if (record.changed) {
+            frames.push_back(TagFrame::madeOf(std::move(*next++)));
+        } else if (!record.made.empty()) {
+            frames.push_back(TagFrame::madeOf(std::move(record.made)));
+        } else {
+            frames.push_back(carriedOver(*record.record, inFile));
+        }
     }
     return frames;
 }
@@ -94,14 +102,13 @@ bool ID3V230::SaveTag() {
     return succeeds([this] {
         requireTag();
         cleanQuotes(*frames_);
-        std::vector<RecordToWrite> records = recordsToWrite(*frames_);
-        const auto kept = tag_->readForKeeping(framesToKeep(*frames_, records, tag_));
-        EncodedRecords encoded = encodedOf(records);
+        EncodedRecords encoded = encodedOf(*frames_);
         if (!encoded.change) return encoded.change;
-        auto sources = newSources(records);
-        SavedTag saved = saveTag(*tag_, framesOf(records, std::move(encoded.frames), tag_), useTempCopy_);
+        const auto kept = tag_->readForKeeping(framesToKeep(*frames_, encoded.records, tag_));
+        auto sources = newSources(encoded.records);
+        SavedTag saved = saveTag(*tag_, framesOf(encoded.records, std::move(encoded.frames), tag_), useTempCopy_);
         if (saved.change) {
-            followSavedTag(records, sources, saved.image);
+            followSavedTag(encoded.records, sources, saved.image);
             tag_->keep(kept);
             tag_ = std::move(saved.image);
         }
