@@ -5,6 +5,7 @@
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/Id3Library.h"
+#include "corvane/id3v230/RecordsToWrite.h"
 #include "corvane/id3v230/TagImage.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/Numbers.h"
@@ -130,11 +131,13 @@ void ID3V230::SetFrameValue(ID3_FrameID frame, FrameVariant value, std::string_v
         return;
     }
     if (isEmptyText(value)) {
+        // Written back to a frame that holds no text, or none that can be read, it is no change.
+        if (!record->Deleted() && isAsRead(*record) && valueText(record->vValue()).empty()) return;
         record->Delete();
     } else {
         // A frame that was deleted and is given a value again is to be there after the next save.
         record->Deleted(false);
-        if (record->vValue() != value) record->bChanged(true);
+        if (valueText(record->vValue()) != valueText(value)) record->bChanged(true);
     }
     record->vValue(std::move(value));
 }

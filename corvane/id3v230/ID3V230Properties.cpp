@@ -1,8 +1,13 @@
 // The named properties: each is a view of the record with a fixed frame number and description.
+#include "corvane/id3v230/FrameRecordContent.h"
 #include "corvane/id3v230/GenreSplit.h"
 #include "corvane/id3v230/ID3V230.h"
 #include "corvane/id3v230/LeadingNumber.h"
+#include "corvane/id3v230/RecordsToWrite.h"
+#include "corvane/platform/RuntimeFailure.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace corvane {
@@ -21,6 +26,19 @@ std::string_view withoutBlanks(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     while (text.ends_with(' ')) text.remove_suffix(1);
     return text;
+}
+
+// The text of a frame that nobody has changed, of which a property gives a part; nothing for any other record.
+std::optional<std::string> textAsRead(const std::shared_ptr<ID3V230Frame>& record) {
+    if (!record || record->Deleted() || !isAsRead(*record)) return std::nullopt;
+    return valueText(record->vValue());
+}
+
+// Nothing when it does not fit 16 bits.
+std::optional<std::int16_t> yearIn(std::string_view text) try {
+    return leadingNumber(text, "Year");
+} catch (const RuntimeFailure&) {
+    return std::nullopt;
 }
 
 } // namespace
@@ -76,10 +94,19 @@ std::int16_t ID3V230::TotalTracks() const {
 void ID3V230::TotalTracks(std::int16_t value) { setText(ID3FID_TRACKNUM, Track() + '/' + std::to_string(value)); }
 
 std::int16_t ID3V230::Year() const { return leadingNumber(text(ID3FID_YEAR), "Year"); }
-void ID3V230::Year(std::int16_t value) { SetFrameValue(ID3FID_YEAR, value); }
+void ID3V230::Year(std::int16_t value) {
+    const auto stored = textAsRead(find(ID3FID_YEAR, {}));
+    // The year of "1999-05-01" written back leaves the date.
+    const bool isSame = stored && yearIn(*stored) == value && *stored != std::to_string(value);
+    if (!isSame) SetFrameValue(ID3FID_YEAR, value);
+}
 
 std::string ID3V230::Genre() const { return std::string(withoutBlanks(text(ID3FID_CONTENTTYPE))); }
-void ID3V230::Genre(std::string_view value) { setText(ID3FID_CONTENTTYPE, value); }
+void ID3V230::Genre(std::string_view value) {
+    const auto stored = textAsRead(find(ID3FID_CONTENTTYPE, {}));
+    const bool isSame = stored && withoutBlanks(*stored) == value && *stored != value;
+    if (!isSame) setText(ID3FID_CONTENTTYPE, value);
+}
 
 std::shared_ptr<corvane::Picture> ID3V230::Picture() const {
     const auto record = find(ID3FID_PICTURE, {});
