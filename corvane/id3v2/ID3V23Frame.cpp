@@ -5,6 +5,7 @@
 #include "corvane/id3v2/FrameText.h"
 #include "corvane/id3v2/ReaderAnswers.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
+#include "corvane/id3v230/RecordsToWrite.h"
 
 namespace corvane {
 
@@ -21,6 +22,10 @@ std::string Internals<ID3V23Frame>::idOf(const ID3V230Frame& record) {
     const FrameSource* source = Internals<ID3V230Frame>::source(record);
     const bool hasName = record.eType() != static_cast<std::int16_t>(ID3_FrameID::ID3FID_NOFRAME);
     return hasName || source == nullptr ? record.FrameAbbr() : std::string(source->frame().idText());
+}
+
+bool Internals<ID3V23Frame>::isEmptied(const ID3V23Frame& frame) {
+    return frame.changeable_ && corvane::isEmptied(*frame.changeable_);
 }
 
 std::string ID3V23Frame::ID() const {

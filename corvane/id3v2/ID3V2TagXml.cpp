@@ -1,5 +1,6 @@
 #include "corvane/id3v2/ID3V2TagXml.h"
 
+#include "corvane/id3v2/FrameInternals.h"
 #include "corvane/id3v2/FrameText.h"
 #include "corvane/id3v2/ID3V23Tag.h"
 #include "corvane/platform/Utf16Text.h"
@@ -69,7 +70,8 @@ void appendFrame(pugi::xml_node properties, const ID3V23Frame& frame) {
     const std::string text = frame.TextData();
     const auto known = FrameId::named(id);
     if (const char* name = known ? nameOf(*known, 3) : nullptr) return appendProperty(properties, name, text);
-    if (!text.empty()) return appendProperty(properties, id, text);
+    // The payload of a value that was taken out still is in the file.
+    if (!text.empty() || Internals<ID3V23Frame>::isEmptied(frame)) return appendProperty(properties, id, text);
     appendBinaryProperty(properties, id, frame.RawData());
 }
 

@@ -13,7 +13,8 @@ class ID3V23Tag;
 // for ("Title", "Picture" ...), under its ID everything else, as text where the frame has some, else as bytes. Fails
 // with a RuntimeFailure when a payload that stands in the file can no longer be read.
 void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, unsigned majorVersion);
-// The same for every record of a tag that can be changed, in the order of the records.
+// The same for every record of a tag that can be changed, in the order of the records; without its bytes where the
+// value of a record was taken out.
 void appendFrameProperties(pugi::xml_node properties, const ID3V23Tag& tag);
 
 } // namespace corvane

@@ -1,8 +1,11 @@
 // The facade over an ID3v2.3 tag where id3lib is installed.
 #include "corvane/id3v2/ID3V23TagInternals.h"
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v230/ID3V230.h"
 #include "corvane/platform/FileReader.h"
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/xml/XmlNode.h"
+#include "corvane/xml/XmlText.h"
 
 #include "tests/id3v2/TagOnDisk.h"
 #include "tests/support/Failures.h"
@@ -142,6 +145,54 @@ TEST(BackedID3V2Tag, DocumentsShowEveryRecordInOrder) {
         ASSERT_NE(found, std::string::npos) << text << " in " << document;
         last = found;
     }
+}
+
+// The value of a property of a document; "none" without one.
+std::string valueIn(const std::string& document, const char* name) {
+    const XmlNode property =
+        XmlNode::fromText(document).selectSingleNode(std::string("//Property[@Name = '").append(name).append("']"));
+    if (!property) return "none";
+    const XmlNode value = property.selectSingleNode("./Value");
+    return value ? "bytes " + value.text() : property.attribute("Value").value_or("");
+}
+
+TEST(BackedID3V2Tag, ADeletedValueIsEmptyInTheDocument) {
+    TagOnDisk file(Id3v2Builder(3)
+                       .text("TCOM", "old")
+                       .frame("WXXX", userUrlFrame("", "http://old"))
+                       .frame("UFID", bytesOf(std::string_view("\0o l d ", 7)))
+                       .text("TCOP", "")
+                       .frame("PRIV", bytesOf("ab"))
+                       .frame("TENC", bytesOf("\1abc"), 0x40));
+    EXPECT_EQ(file.tag.Composer(), "old");
+    file.tag.Composer("");
+    file.tag.UserURL("");
+    file.tag.Copyright("");
+    Internals<ID3V23Tag>::changeable(*file.tag.ID3V23Tag())->UniqueKey("");
+    const std::string document = file.tag.xml();
+    for (const char* id : {"TCOM", "WXXX", "UFID"}) EXPECT_EQ(valueIn(document, id), "") << id << document;
+    EXPECT_EQ(valueIn(document, "TCOP"), "bytes AA==") << "a text that was empty in the file";
+    EXPECT_EQ(valueIn(document, "PRIV"), "bytes YWI=");
+    EXPECT_EQ(valueIn(document, "TENC"), "bytes " + base64(bytesOf("abc"))) << "encrypted";
+    file.tag.Composer("new");
+    EXPECT_EQ(valueIn(file.tag.xml(), "TCOM"), "new");
+}
+
+TEST(BackedID3V2Tag, WritingBackWhatWasReadChangesNothing) {
+    TagOnDisk file(Id3v2Builder(3)
+                       .text("TYER", "1999-05-01")
+                       .text("TCON", " (17)Rock ")
+                       .frame("APIC", pictureFrame(bytesOf("RIFF....WEBP"), "image/webp"))
+                       .frame("SYLT", bytesOf(std::string_view("\0eng\2\1\0one\0\0\0", 13)))
+                       .padding(100));
+    const ByteArray before = contentOf(file.path());
+    EXPECT_EQ(file.tag.Year(), "1999");
+    file.tag.Year(file.tag.Year());
+    file.tag.Genre(file.tag.Genre());
+    file.tag.Picture(file.tag.Picture());
+    file.tag.LyricsSynced(file.tag.LyricsSynced());
+    EXPECT_TRUE(file.tag.saveTag());
+    EXPECT_EQ(contentOf(file.path()), before);
 }
 
 TEST(BackedID3V2Tag, AnUnknownFrameHasItsLettersInTheDocument) {
