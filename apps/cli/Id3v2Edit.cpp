@@ -3,6 +3,7 @@
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/RecordsToWrite.h"
+#include "corvane/id3v230/UrlText.h"
 
 #include "apps/cli/FrontCover.h"
 #include "apps/cli/Id3v2Saving.h"
@@ -82,6 +83,7 @@ std::string yearOf(const std::string& text) {
 
 std::string storedText(const TextField& field, const std::string& given) {
     if (field.frame == ID3FID_CONTENTTYPE) return withApostrophes(contentType(given));
+    if (field.frame == ID3FID_WWWUSER) return escapedUrl(withApostrophes(given));
     return withApostrophes(field.frame == ID3FID_YEAR ? yearOf(given) : given);
 }
 
@@ -101,18 +103,6 @@ void applyText(ID3V230& tag, const TextField& field, const std::string& given, T
     addWarnings(field, given, outcome.warnings);
     after.empty() ? deleteFrames(tag, field.frame) : field.write(tag, after);
     outcome.changes.push_back({field.name, before, std::move(after)});
-}
-
-// Whether the record holds a text of the file in which a save changes nothing but its double quotes.
-bool losesQuotes(const ID3V230Frame& record) {
-    const FrameSource* source = Record::source(record);
-    if (source == nullptr || record.Deleted()) return false;
-    const auto& now = Record::content(record);
-    const auto inFile = source->content();
-    if (!inFile || now.isHidden) return false;
-    const std::string text = valueText(inFile->value);
-    const bool isKept = valueText(now.value) == withApostrophes(text);
-    return (isKept && hasQuotes(text)) || hasQuotes(inFile->description);
 }
 
 void addQuoteWarnings(const ID3V230& tag, std::vector<std::string>& warnings) {

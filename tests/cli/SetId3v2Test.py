@@ -98,6 +98,22 @@ class Values(SetCase):
                          ["corvane: SONG: warning: title: double quotes are stored as apostrophes",
                           "corvane: SONG: warning: TPE1: double quotes in the file become apostrophes"])
 
+    def test_double_quotes_stay_without_a_warning_where_a_save_keeps_them(self):
+        self.write("a.mp3", tag_of(("UFID", b"owner\0\"k\""), ("TXXX", b"\0\"d\"\0")) + AUDIO)
+        before = self.content()
+        done = self.set("--title", "x")
+        self.assertEqual(done.stderr, b"")
+        self.assertIn(before[10:before.index(AUDIO)].rstrip(b"\0"), self.content())
+
+    def test_address_is_shown_as_it_is_stored(self):
+        self.write("a.mp3", AUDIO)
+        text = self.output("set", "--tag", "v2", self.song, "--url", "http://example.org/é/日")
+        stored = "http://example.org/é/%E6%97%A5"
+        self.assertIn(f'  v2 url "" -> "{stored}"\n', text)
+        self.assertEqual(self.tag()["WXXX:"].url, stored)
+        again = self.output("set", "--tag", "v2", self.song, "--url", "http://example.org/é/日")
+        self.assertNotIn("v2 url", again)
+
     def test_file_may_hold_the_values_of_both_kinds_of_tags(self):
         self.set("--tag", "both", "--title", "x" * 40, "--track", "5/12")
         self.assertEqual(self.text("TIT2", trailer=mp3.id3v1(b"x" * 30, track=5)), "x" * 40)
