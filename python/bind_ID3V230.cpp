@@ -88,7 +88,9 @@ void bindID3V230(py::module_& corvane) {
     tag.def_property(
         "Picture", py::cpp_function([](const Tag& object) { return object.Picture(); }, FileWork()),
         [](Tag& object, std::shared_ptr<Picture> value) { object.Picture(std::move(value)); },
-        "APIC without a description (Picture). None takes it out of the file at the next save.");
+        "APIC without a description (Picture). None takes it out of the file at the next save, but not an image that "
+        "is no "
+        "JPEG, PNG, GIF or BMP.");
     tag.def(
         "FrameValue",
         [](const Tag& object, ID3_FrameID frame, const Text& descriptor) {
