@@ -11,6 +11,7 @@
 
 #include <charconv>
 #include <system_error>
+#include <utility>
 
 namespace corvane {
 
@@ -167,9 +168,15 @@ bool ID3V23Tag::saveTag() {
         error_->record("saveTag", "Saving is not supported.");
         return false;
     }
-    const bool saved = recordFailures(*error_, false, [this] { return Internals<ID3V230>::SaveTag(*changeable_); });
-    error_->record("saveTag", "Unable to save the ID3v23 tag." + repairHint(*changeable_), cError::kError);
-    return saved;
+    return recordFailures(*error_, false, [this] {
+        // Made before: for lack of memory afterwards, a save that worked would be reported as a failure.
+        cError record;
+        record.record("saveTag", "Unable to save the ID3v23 tag.", cError::kError);
+        const bool saved = recordFailures(*error_, false, [this] { return Internals<ID3V230>::SaveTag(*changeable_); });
+        record.Description += repairHint(*changeable_);
+        *error_ = std::move(record);
+        return saved;
+    });
 }
 
 bool ID3V23Tag::removeTag() {

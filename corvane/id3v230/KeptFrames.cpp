@@ -20,7 +20,11 @@ namespace {
 
 constexpr const char* kSource = "keep frames";
 
+// Where the file system cannot make files without a name, one with a name loses it at once.
 Descriptor namelessFile() {
+    Descriptor nameless(::open(temporaryFolder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
+    if (nameless.isOpen()) return nameless;
+    if (errno != EOPNOTSUPP && errno != EISDIR) throw systemFailure(errno, kSource);
     NewFile file = openNewFile(AT_FDCWD, temporaryFolder(), "tmp", "tmp", 0600);
     if (::unlink(file.path.c_str()) != 0) throw systemFailure(errno, kSource);
     return std::move(file.descriptor);

@@ -6,6 +6,7 @@
 #include "corvane/platform/Bytes.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>

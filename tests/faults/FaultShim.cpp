@@ -5,6 +5,8 @@
 // CORVANE_FAULT_ERRNO    the error number that the call reports
 // CORVANE_FAULT_REPORT   descriptor to which the name of the call is written, so that the caller knows of it
 //
+// A process can also begin and end the faults itself, see below; then CORVANE_FAULT_KIND is not set.
+//
 // The functions stand under other names in this file, because the system's headers declare them with attributes that
 // a definition would have to repeat.
 #include <fcntl.h>
@@ -64,6 +66,7 @@ struct Plan {
     int errorNumber = static_cast<int>(numberOf("CORVANE_FAULT_ERRNO"));
     int report = static_cast<int>(numberOf("CORVANE_FAULT_REPORT"));
     long count = 0;
+    bool isPaused = false;
 };
 
 Plan& plan() {
@@ -119,7 +122,7 @@ long faulted(std::size_t bytes, const Real& real) {
 template <class Real>
 long counted(const char* call, Touches touches, std::size_t bytes, const Real& real) {
     Plan& fault = plan();
-    if (fault.kind == Kind::None) return real(bytes);
+    if (fault.kind == Kind::None || fault.isPaused) return real(bytes);
     ++fault.count;
     if (fault.count == fault.at) {
         report(call);
@@ -145,8 +148,16 @@ long openedAt(int folder, const char* path, int flags, mode_t mode) {
 
 } // namespace
 
+#define CALLED_BY_NAME extern "C" __attribute__((visibility("default")))
+
+// The operation begins: what the process has done to start is not part of it. The arguments are those of the variables.
+CALLED_BY_NAME void corvaneFaultsBegin(const char* kind, int errorNumber, long at, int report) {
+    plan() = {at, kindOf(kind), errorNumber, report, 0, false};
+}
 // The operation is over: what the process does from now on, to end, is not part of it.
-extern "C" __attribute__((visibility("default"))) void corvaneFaultsAreOver() { plan().kind = Kind::None; }
+CALLED_BY_NAME void corvaneFaultsAreOver() { plan().kind = Kind::None; }
+// What the process does meanwhile is that of another program.
+CALLED_BY_NAME void corvaneFaultsArePaused(int isPaused) { plan().isPaused = isPaused != 0; }
 
 #define REPLACES(name) __asm__(#name) __attribute__((visibility("default")))
 
