@@ -2,7 +2,7 @@
 
 #include "corvane/id3v2/ID3V2TagInternals.h"
 #include "corvane/id3v2/ReadableText.h"
-#include "corvane/id3v230/FrameSource.h"
+#include "corvane/id3v2/WholeFrames.h"
 
 #include "apps/cli/BinaryText.h"
 #include "apps/cli/FrameNames.h"
@@ -64,14 +64,10 @@ void addParsedFrames(Section& section, const TagFrames& frames) {
     section.rows.push_back({"", "Padding", byteText(padding == 0 ? 0 : padding + 1)});
 }
 
-// The frames in front of the damage for which the parser gives up a whole tag.
+// The frames before the damage for which the parser gives up a whole tag.
 void addWholeFrames(Section& section, const std::shared_ptr<const TagImage>& image) {
-    constexpr std::uint8_t kEncrypted = 0x40; // format flag, ID3v2.3.0 section 3.3.1
-    for (std::size_t index = 0; index < image->frames().size(); ++index) {
-        const FrameSource source(image, index);
-        const FrameId id = FrameId::named(source.frame().idText()).value_or(FrameId("????"));
-        const bool isEncrypted = (source.frame().formatFlags & kEncrypted) != 0;
-        section.rows.push_back(rowOf(id, isEncrypted, [&] { return Payload(source.payload()); }));
+    for (const WholeFrame& frame : wholeFrames(image)) {
+        section.rows.push_back(rowOf(frame.id, frame.isEncrypted, [&] { return Payload(frame.payload()); }));
     }
 }
 

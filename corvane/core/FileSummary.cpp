@@ -5,6 +5,7 @@
 #include "corvane/id3v1/GenreTable.h"
 #include "corvane/id3v2/ReadableTag.h"
 #include "corvane/id3v2/TagLoad.h"
+#include "corvane/id3v2/WholeFrames.h"
 #include "corvane/lyrics/LyricsFormat.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/mpeg/MPEGHeaderInternals.h"
@@ -49,9 +50,7 @@ void takeAudioFacts(FileSummary& summary, FileReader& file, std::int32_t startPo
     }
 }
 
-void takeId3v2Texts(FileSummary& summary, const TagFrames& frames) {
-    // Lists show what the writer of the tag meant, also where the properties, which hosts know, differ from it.
-    ReadableTag texts = readableTag(frames);
+void takeId3v2Texts(FileSummary& summary, ReadableTag texts) {
     summary.title = std::move(texts.title);
     summary.artist = std::move(texts.artist);
     summary.album = std::move(texts.album);
@@ -64,7 +63,9 @@ void takeId3v2Texts(FileSummary& summary, const TagFrames& frames) {
 void takeId3v2Tag(FileSummary& summary, FileReader& file, const std::string& path, const ID3V2Header& header) {
     summary.tags.push_back(versionName(header));
     const auto frames = loadFrames({file, path, static_cast<std::int64_t>(file.size()), 1, header});
-    if (frames != nullptr) takeId3v2Texts(summary, *frames);
+    // Lists show what the writer of the tag meant, also where the properties, which hosts know, differ from it: texts
+    // as the format has them, and the frames before any damage.
+    takeId3v2Texts(summary, frames ? readableTag(*frames) : readableTag(wholeFrames(TagImage::read(file, path))));
 }
 
 void takeId3v1Record(FileSummary& summary, Id3v1Fields record) {

@@ -61,21 +61,28 @@ std::string leadingYear(std::string_view date) {
 
 class Facts {
 public:
-    void take(const TagFrames& frames, const FrameRecord& frame) {
-        const auto found = std::ranges::lower_bound(kFactFrames, frame.id, {}, &FactFrame::id);
-        if (found == kFactFrames.end() || found->id != frame.id) return;
+    // `read` gives what the frame says. It is called only when that can count.
+    template <class Read>
+    void take(FrameId id, Read&& read) {
+        const auto found = std::ranges::lower_bound(kFactFrames, id, {}, &FactFrame::id);
+        if (found == kFactFrames.end() || found->id != id) return;
         Known& known = known_[static_cast<std::size_t>(found->fact)];
         const int mostPossible = found->fact == Fact::Comment ? 1 : found->rank;
         if (known.rank >= mostPossible) return;
-        ReadableFrame readable = readableFrame(frames, frame);
+        ReadableFrame readable = read();
         const int rank = found->fact == Fact::Comment ? rankOfComment(readable.description) : found->rank;
         if (found->fact == Fact::Year && rank != kYearFrame) readable.text = leadingYear(readable.text);
         if (!readable.text.empty() && rank > known.rank) known = {std::move(readable.text), rank};
     }
 
-    std::string& operator[](Fact fact) { return known_[static_cast<std::size_t>(fact)].text; }
+    ReadableTag done() && {
+        return {text(Fact::Title), text(Fact::Artist), text(Fact::Album),  text(Fact::Year),
+                text(Fact::Track), text(Fact::Genre),  text(Fact::Comment)};
+    }
 
 private:
+    std::string text(Fact fact) { return std::move(known_[static_cast<std::size_t>(fact)].text); }
+
     struct Known {
         std::string text;
         int rank = -1;
@@ -87,10 +94,19 @@ private:
 
 ReadableTag readableTag(const TagFrames& frames) {
     Facts facts;
-    for (const FrameRecord& frame : frames.all()) facts.take(frames, frame);
-    return {std::move(facts[Fact::Title]),  std::move(facts[Fact::Artist]), std::move(facts[Fact::Album]),
-            std::move(facts[Fact::Year]),   std::move(facts[Fact::Track]),  std::move(facts[Fact::Genre]),
-            std::move(facts[Fact::Comment])};
+    for (const FrameRecord& frame : frames.all()) {
+        facts.take(frame.id, [&] { return readableFrame(frames, frame); });
+    }
+    return std::move(facts).done();
+}
+
+ReadableTag readableTag(std::span<const WholeFrame> frames) {
+    Facts facts;
+    for (const WholeFrame& frame : frames) {
+        facts.take(frame.id,
+                   [&] { return frame.isEncrypted ? ReadableFrame{} : readableFrame(frame.id, frame.payload()); });
+    }
+    return std::move(facts).done();
 }
 
 } // namespace corvane

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "corvane/id3v2/TagFrames.h"
+#include "corvane/id3v2/WholeFrames.h"
 
+#include <span>
 #include <string>
 
 namespace corvane {
@@ -19,5 +21,7 @@ struct ReadableTag {
 // Every fact is that of the first frame that says something. Fails with a RuntimeFailure when such a frame stands in
 // the file (text above 64 KB) and can no longer be read.
 ReadableTag readableTag(const TagFrames& frames);
+// The same of a tag that cannot be loaded as a whole.
+ReadableTag readableTag(std::span<const WholeFrame> frames);
 
 } // namespace corvane

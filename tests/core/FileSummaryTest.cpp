@@ -109,11 +109,30 @@ TEST_F(FileSummaryTest, AVbrFileThatTellsNoFrameCountHasAnUnknownBitRate) {
     EXPECT_EQ(summary.durationSeconds, -1);
 }
 
-TEST_F(FileSummaryTest, ATagThatCannotBeLoadedIsListedAndTheRecordTakesItsPlace) {
+TEST_F(FileSummaryTest, WholeFramesOfATagThatCannotBeLoadedComeBeforeTheRecord) {
     const FileSummary summary =
         summaryOf({Id3v2Builder(3).text("TIT2", "New").claimedSize(1'000'000).done(), audio(), record().done()});
-    EXPECT_EQ(summary.title, "Old");
+    EXPECT_EQ(summary.title, "New");
+    EXPECT_EQ(summary.artist, "Artist");
     EXPECT_EQ(summary.tags, (Names{"ID3v2.3.0", "ID3v1.1"}));
+}
+
+TEST_F(FileSummaryTest, WholeFramesThatSayNothingLeaveTheirPlaceToTheRecord) {
+    const FileSummary summary = summaryOf({Id3v2Builder(3)
+                                               .frame("TIT2", test::bytesOf("no zlib stream"), 0x80)
+                                               .frame("TPE1", test::bytesOf("\1secret"), 0x40)
+                                               .claimedSize(1'000'000)
+                                               .done(),
+                                           audio(), record().done()});
+    EXPECT_EQ(summary.title, "Old");
+    EXPECT_EQ(summary.artist, "Artist");
+}
+
+TEST_F(FileSummaryTest, ADamagedTagOfAnotherVersionIsListedAndTheRecordTakesItsPlace) {
+    const FileSummary summary =
+        summaryOf({Id3v2Builder(4).text("TIT2", "New").claimedSize(1'000'000).done(), audio(), record().done()});
+    EXPECT_EQ(summary.title, "Old");
+    EXPECT_EQ(summary.tags, (Names{"ID3v2.4.0", "ID3v1.1"}));
 }
 
 TEST_F(FileSummaryTest, WhatIsNoMp3FileIsAFailure) {
