@@ -5,7 +5,6 @@
 
 #include <fmt/core.h>
 
-#include <algorithm>
 #include <array>
 
 namespace corvane::cli {
@@ -50,17 +49,6 @@ void addChange(std::vector<FieldChange>& changes, const char* name, std::string 
     if (before != after) changes.push_back({name, std::move(before), std::move(after)});
 }
 
-// The letters of a name that are compared: "Trip -Hop" is found as "trip-hop".
-std::string keyOf(std::string_view name) {
-    std::string key;
-    for (const char character : name) {
-        if (character == ' ') continue;
-        const bool isUpper = character >= 'A' && character <= 'Z';
-        key.push_back(isUpper ? static_cast<char>(character - 'A' + 'a') : character);
-    }
-    return key;
-}
-
 } // namespace
 
 void applyValues(ID3V1Tag& tag, const Id3v1Values& values) {
@@ -99,15 +87,6 @@ std::optional<std::uint8_t> parseTrack(std::string_view text) {
     const std::size_t slash = text.find('/');
     if (slash != std::string_view::npos && !parseNumber<std::uint32_t>(text.substr(slash + 1))) return std::nullopt;
     return parseNumber<std::uint8_t>(text.substr(0, slash));
-}
-
-std::optional<std::uint8_t> parseGenre(std::string_view text) {
-    if (text.empty()) return kNoGenre;
-    if (const auto number = parseNumber<std::uint8_t>(text)) return number;
-    const auto found = std::find_if(kGenreTable.begin(), kGenreTable.end(),
-                                    [key = keyOf(text)](const GenreRow& row) { return keyOf(row.name) == key; });
-    if (found == kGenreTable.end()) return std::nullopt;
-    return static_cast<std::uint8_t>(found->number);
 }
 
 std::string genreText(std::uint8_t genre) {

@@ -31,9 +31,6 @@ TagOutcome outcomeOf(const Id3v1Fields& before, const ID3V1Tag& tag);
 // "7" or "7/12" (of which the 7 is kept) as a track number, "" as 0; nothing for anything else or a number above 255.
 std::optional<std::uint8_t> parseTrack(std::string_view text);
 
-// A genre number from 0 to 255, or a name of the genre table, in which neither case nor blanks matter; "" as 255.
-std::optional<std::uint8_t> parseGenre(std::string_view text);
-
 // "Rock"; "" for 255; "<Undefined (200)>" for a number without a name.
 std::string genreText(std::uint8_t genre);
 

@@ -1,5 +1,6 @@
 #include "apps/cli/Id3v2Edit.h"
 
+#include "corvane/id3v2/StoredGenre.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/RecordsToWrite.h"
@@ -82,9 +83,15 @@ std::string yearOf(const std::string& text) {
 }
 
 std::string storedText(const TextField& field, const std::string& given) {
-    if (field.frame == ID3FID_CONTENTTYPE) return withApostrophes(contentType(given));
+    if (field.frame == ID3FID_CONTENTTYPE) return withApostrophes(storedGenre(given));
     if (field.frame == ID3FID_WWWUSER) return escapedUrl(withApostrophes(given));
     return withApostrophes(field.frame == ID3FID_YEAR ? yearOf(given) : given);
+}
+
+// A genre that another program has stored in another form is the same genre, and stays.
+bool isSameValue(const TextField& field, const std::string& before, const std::string& after) {
+    const bool isGenre = field.frame == ID3FID_CONTENTTYPE && !after.empty();
+    return before == after || (isGenre && storedGenre(before) == after);
 }
 
 bool hasQuotes(std::string_view text) { return text.find('"') != std::string_view::npos; }
@@ -99,7 +106,7 @@ void addWarnings(const TextField& field, const std::string& given, std::vector<s
 void applyText(ID3V230& tag, const TextField& field, const std::string& given, TagOutcome& outcome) {
     const std::string before = valueText(tag.FrameValue(field.frame));
     std::string after = storedText(field, given);
-    if (before == after) return;
+    if (isSameValue(field, before, after)) return;
     addWarnings(field, given, outcome.warnings);
     after.empty() ? deleteFrames(tag, field.frame) : field.write(tag, after);
     outcome.changes.push_back({field.name, before, std::move(after)});

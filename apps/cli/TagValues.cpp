@@ -1,5 +1,6 @@
 #include "apps/cli/TagValues.h"
 
+#include "corvane/id3v2/StoredGenre.h"
 #include "corvane/platform/Numbers.h"
 
 #include <fmt/core.h>
@@ -23,7 +24,7 @@ void takeTrack(Id3v1Part& part, const std::string& text) {
 }
 
 void takeGenre(Id3v1Part& part, const std::string& text) {
-    part.values.genre = parseGenre(text);
+    part.values.genre = genreNumber(text);
     if (part.values.genre) return;
     part.values.genre = kNoGenre;
     part.lost.push_back(fmt::format("genre: ID3v1 has no number for \"{}\"", text));
@@ -48,12 +49,6 @@ Id3v1Part id3v1Part(const TagValues& values) {
     if (values.track) takeTrack(part, *values.track);
     if (values.genre) takeGenre(part, *values.genre);
     return part;
-}
-
-std::string contentType(const std::string& genre) {
-    const auto number = parseNumber<std::uint8_t>(genre);
-    if (!number) return genre;
-    return *number == kNoGenre ? std::string() : fmt::format("({})", *number);
 }
 
 } // namespace corvane::cli

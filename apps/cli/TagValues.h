@@ -40,8 +40,4 @@ struct Id3v1Part {
 };
 Id3v1Part id3v1Part(const TagValues& values);
 
-// A genre as the content type of ID3v2.3: a number as "(17)", which each program reads as the name that it knows, a
-// name as it stands. 255, which says that there is none, is "".
-std::string contentType(const std::string& genre);
-
 } // namespace corvane::cli

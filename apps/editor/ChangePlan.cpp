@@ -3,6 +3,7 @@
 #include "corvane/core/FileHandler.h"
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/StoredGenre.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/ID3_TagType.h"
 
@@ -100,7 +101,7 @@ cli::Id3v1Values id3v1Changes(const TagValues& inFile, const TagValues& wanted) 
     take(Field::Track, track);
     take(Field::Genre, genre);
     if (track) values.track = requireNumber(cli::parseTrack(*track), "track number", *track);
-    if (genre) values.genre = requireNumber(cli::parseGenre(*genre), "genre", *genre);
+    if (genre) values.genre = requireNumber(genreNumber(*genre), "genre", *genre);
     return values;
 }
 
@@ -136,22 +137,10 @@ cli::ChangeReport planFor(const std::string& path, const FileTags& inFile, const
     if (changesV1 && !wanted.v1.present) planId3v1(plan, file, inFile.v1, wanted.v1);
     if (wanted.v2 != inFile.v2) planId3v2(plan, *file, inFile.v2, wanted.v2);
     if (changesV1 && wanted.v1.present) planId3v1(plan, file, inFile.v1, wanted.v1);
+    cli::refuseFirstTags(path, plan);
     return plan;
 }
 
-// Every tag has been looked at before, so that a failure behind the first one is a rare thing; it is told exactly.
-void carryOut(const cli::ChangeReport& plan) {
-    std::string done;
-    for (const ChangedTag& tag : plan.tags) {
-        if (!tag.write) continue;
-        try {
-            tag.write();
-        } catch (const std::exception& failure) {
-            if (done.empty()) throw;
-            throw FileFailure("The " + done + " tag is saved, but the " + tag.name + " tag is not: " + failure.what());
-        }
-        done = tag.name;
-    }
-}
+void carryOut(const cli::ChangeReport& plan) { cli::writeTags(plan); }
 
 } // namespace corvane::editor

@@ -5,6 +5,7 @@
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/StoredGenre.h"
 
 #include "apps/cli/LibraryFailure.h"
 
@@ -67,6 +68,7 @@ TagValues valuesOf(ID3V2Tag& tag) {
     values.present = true;
     for (std::size_t at = 0; at < kFieldCount; ++at) values.texts[at] = (tag.*kId3v2Fields[at].read)();
     if (values[Field::Year] == kNoYear) values[Field::Year].clear();
+    values[Field::Genre] = storedGenre(values[Field::Genre]);
     return values;
 }
 

@@ -24,7 +24,7 @@ enum class Field : std::uint8_t {
     Album,
     Year,
     Track, // "3" in ID3v1, "3" or "3/12" in ID3v2; "" for none
-    Genre, // the number in ID3v1, "" for none; as the frame has it in ID3v2
+    Genre, // the number in ID3v1, "" for none; as it is stored in ID3v2: "(17)", see StoredGenre.h
     Comment,
     Composer,
     OriginalArtist,

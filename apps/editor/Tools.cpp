@@ -4,7 +4,7 @@
 #include "corvane/id3v1/GenreTable.h"
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/Id3v1Record.h"
-#include "corvane/id3v230/GenreSplit.h"
+#include "corvane/id3v2/StoredGenre.h"
 
 #include "apps/cli/Id3v1Edit.h"
 #include "apps/cli/TagValues.h"
@@ -24,18 +24,12 @@ std::string textForV1(Field field, const std::string& text) {
     return field == Field::Genre ? id3v1Genre(text) : text;
 }
 
-std::string textForV2(Field field, const std::string& text) {
-    return field == Field::Genre ? cli::contentType(text) : text;
-}
+std::string textForV2(Field field, const std::string& text) { return field == Field::Genre ? storedGenre(text) : text; }
 
 } // namespace
 
 std::string id3v1Genre(const std::string& genre) {
-    const SplitGenre split = splitGenre(genre);
-    if (split.number && std::in_range<std::uint8_t>(*split.number)) {
-        return numberText(static_cast<std::uint8_t>(*split.number), kUndefinedGenre);
-    }
-    return numberText(cli::parseGenre(genre).value_or(kUndefinedGenre), kUndefinedGenre);
+    return numberText(genreNumber(genre).value_or(kUndefinedGenre), kUndefinedGenre);
 }
 
 std::string id3v1Track(const std::string& track) { return numberText(cli::parseTrack(track).value_or(0), 0); }

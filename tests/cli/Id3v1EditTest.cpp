@@ -26,26 +26,6 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberCase{"Word", "five", std::nullopt}, NumberCase{"Blank", " 5", std::nullopt}),
     kNameOfCase);
 
-class GenreName : public testing::TestWithParam<NumberCase> {};
-TEST_P(GenreName, IsFoundAsListed) { EXPECT_EQ(parseGenre(GetParam().text), GetParam().number); }
-INSTANTIATE_TEST_SUITE_P(
-    Texts, GenreName,
-    testing::Values(NumberCase{"Empty", "", 255}, NumberCase{"Number", "17", 17},
-                    NumberCase{"NumberWithoutAName", "200", 200}, NumberCase{"NumberTooLarge", "256", std::nullopt},
-                    NumberCase{"Name", "Rock", 17}, NumberCase{"OtherCase", "rOCK", 17},
-                    NumberCase{"OddSpelling", "Trip -Hop", 27}, NumberCase{"UsualSpelling", "trip-hop", 27},
-                    NumberCase{"Undefined", "<undefined>", 255}, NumberCase{"NoGenre", "Nonesuch", std::nullopt},
-                    NumberCase{"Blank", " ", std::nullopt}),
-    kNameOfCase);
-
-TEST(GenreNames, EveryNameOfTheTableFindsItsNumber) {
-    for (int number = 0; number <= 255; ++number) {
-        const std::string name = genreText(static_cast<std::uint8_t>(number));
-        if (name.starts_with("<")) continue;
-        EXPECT_EQ(parseGenre(name), number) << name;
-    }
-}
-
 TEST(GenreNames, NumberWithoutANameIsShownAsSuch) {
     EXPECT_EQ(genreText(200), "<Undefined (200)>");
     EXPECT_EQ(genreText(255), "");

@@ -142,13 +142,30 @@ class Years(SetCase):
 
 class Numbers(SetCase):
     def test_genre_is_read_as_the_same_by_other_programs(self):
-        for given, frame, genre in (("17", "(17)", "Rock"), ("Rock", "Rock", "Rock"), ("27", "(27)", "Trip-Hop"),
+        for given, frame, genre in (("17", "(17)", "Rock"), ("Rock", "(17)", "Rock"), ("rock", "(17)", "Rock"),
+                                    ("(17)", "(17)", "Rock"), ("(17)Rock", "(17)", "Rock"), ("27", "(27)", "Trip-Hop"),
+                                    ("Trip -Hop", "(27)", "Trip-Hop"), ("(17)Hard Rock", "(17)Hard Rock", None),
                                     ("Nonesuch", "Nonesuch", "Nonesuch"), ("0", "(0)", "Blues")):
             self.write("a.mp3", AUDIO)
             self.set("--tag", "v2", "--genre", given)
             self.assertIn(mp3.frame23("TCON", mp3.latin1(frame)), self.content())
-            self.assertEqual(ID3(self.song)["TCON"].genres, [genre])
-            self.assertEqual(self.ffprobe()["genre"], genre)
+            if genre is not None:
+                self.assertEqual(ID3(self.song)["TCON"].genres, [genre])
+                self.assertEqual(self.ffprobe()["genre"], genre)
+
+    def test_genre_of_another_form_is_the_same_genre(self):
+        for stored in ("Rock", "17", "(17)", "(17)Rock"):
+            song = tag_of(("TCON", mp3.latin1(stored)), ("TIT2", mp3.latin1("T"))) + AUDIO
+            for given in ("Rock", "17", "(17)", "(17)Rock"):
+                self.write("a.mp3", song)
+                self.set("--tag", "v2", "--genre", given)
+                self.assertEqual(self.content(), song)
+
+    def test_genre_has_the_same_number_in_id3v1_in_every_form(self):
+        for given in ("Rock", "17", "(17)", "(17)Rock", "(17)Hard Rock"):
+            self.write("a.mp3", AUDIO)
+            self.set("--genre", given)
+            self.assertEqual(self.content()[-128:], mp3.id3v1(track=0, genre=17))
 
     def test_genre_255_is_none(self):
         self.write("a.mp3", tag_of(("TCON", mp3.latin1("(17)")), ("TIT2", mp3.latin1("T"))) + AUDIO)
@@ -206,7 +223,7 @@ class Lyrics(SetCase):
     def test_file_that_cannot_be_read_fails_and_changes_nothing(self):
         binary = self.write("binary", b"a\0b")
         for path, reason in (("missing.txt", "No such file or directory"), (str(self.folder), "Is a directory"),
-                             (binary, "This is no text in UTF-8 or Windows-1252")):
+                             (binary, "This is not text in UTF-8 or Windows-1252")):
             self.assertEqual(self.error("set", self.song, "--title", "x", "--lyrics", path), f"corvane: {path}: {reason}")
             self.assertEqual(self.content(), AUDIO)
 
@@ -269,7 +286,7 @@ class Pictures(SetCase):
         self.error("set", self.song, "--picture", "-", "--lyrics", "-", code=WRONG_USE)
 
     def test_file_that_is_no_picture_fails_and_changes_nothing(self):
-        for path, reason in ((self.write("x", b"text"), "This is no JPEG, PNG, GIF or BMP image"),
+        for path, reason in ((self.write("x", b"text"), "This is not a JPEG, PNG, GIF or BMP image"),
                              ("missing.png", "No such file or directory")):
             self.assertEqual(self.error("set", self.song, "--title", "x", "--picture", path), f"corvane: {path}: {reason}")
             self.assertEqual(self.content(), AUDIO)

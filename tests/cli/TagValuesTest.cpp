@@ -30,15 +30,6 @@ INSTANTIATE_TEST_SUITE_P(Texts, Genre,
                                          MeaningCase{"OwnName", "My genre", true}, MeaningCase{"Decade", "80s", true}),
                          kNameOfCase);
 
-TEST(ContentType, NumberIsAReferenceAndANameStandsAsItIs) {
-    EXPECT_EQ(contentType("17"), "(17)");
-    EXPECT_EQ(contentType("200"), "(200)");
-    EXPECT_EQ(contentType("255"), "");
-    EXPECT_EQ(contentType("Rock"), "Rock");
-    EXPECT_EQ(contentType("(17)Hard Rock"), "(17)Hard Rock");
-    EXPECT_EQ(contentType(""), "");
-}
-
 TEST(Id3v1PartOfValues, HoldsWhatId3v1CanHold) {
     TagValues values;
     values.title = "T";
