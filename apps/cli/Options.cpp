@@ -29,6 +29,7 @@ public:
 
     Options::Said said;
     std::vector<std::string> options;
+    std::string withoutValue; // an option with which the words end although it needs a value; "" when there is none
 
     void sort(const std::vector<std::string>& words) {
         auto word = words.begin();
@@ -39,7 +40,12 @@ public:
                 said.wantsHelp = true;
             } else if (!sortJoined(*word)) {
                 options.push_back(*word);
-                if (takesValue_(*word) && word + 1 != words.end()) options.push_back(*++word);
+                if (!takesValue_(*word)) continue;
+                if (word + 1 == words.end()) {
+                    withoutValue = *word;
+                    break;
+                }
+                options.push_back(*++word);
             }
         }
         if (word != words.end()) said.operands.insert(said.operands.end(), word + 1, words.end());
@@ -57,6 +63,15 @@ private:
 
     std::function<bool(const std::string&)> takesValue_;
 };
+
+// CLI11's "--name: At Most 1 required but received 2" and "name was given a disallowed flag override".
+std::string sentenceOf(const CLI::ArgumentMismatch& error) {
+    const std::string text = error.what();
+    if (text.find("flag override") != std::string::npos) {
+        return fmt::format("--{} takes no value", text.substr(0, text.find(' ')));
+    }
+    return fmt::format("{} may be given only once", text.substr(0, text.find(':')));
+}
 
 } // namespace
 
@@ -98,7 +113,7 @@ void Options::addNumber(const char* names, unsigned& number, unsigned least, uns
     const auto take = [&number, least, most](const std::string& text) {
         const auto given = parseNumber<unsigned>(text);
         if (!given || *given < least || *given > most) {
-            throw WrongUse(fmt::format("\"{}\" is no number from {} to {}", text, least, most));
+            throw WrongUse(fmt::format("\"{}\" is not a number from {} to {}", text, least, most));
         }
         number = *given;
     };
@@ -111,7 +126,7 @@ void Options::addWord(const char* names, const std::vector<std::string>& words,
     for (const std::string& word : words) all.append(all.empty() ? "" : "|").append(word);
     const auto choose = [words, all, take = std::move(take)](const std::string& text) {
         const auto found = std::find(words.begin(), words.end(), text);
-        if (found == words.end()) throw WrongUse(fmt::format("\"{}\" is none of {}", text, all));
+        if (found == words.end()) throw WrongUse(fmt::format("\"{}\" is not one of {}", text, all));
         take(static_cast<std::size_t>(found - words.begin()));
     };
     addValue(names, all.c_str(), choose, description);
@@ -122,7 +137,9 @@ void Options::startGroup(const char* heading) { parser_->group = heading; }
 Options::Said Options::take(const std::vector<std::string>& words) {
     Sorter sorter([this](const std::string& name) { return takesValue(name); });
     sorter.sort(words);
-    if (!sorter.said.wantsHelp) parse(std::move(sorter.options));
+    if (sorter.said.wantsHelp) return std::move(sorter.said);
+    if (!sorter.withoutValue.empty()) throw WrongUse(fmt::format("{} needs a value", sorter.withoutValue));
+    parse(std::move(sorter.options));
     return std::move(sorter.said);
 }
 
@@ -137,6 +154,8 @@ void Options::parse(std::vector<std::string> words) {
         parser_->app.parse(std::move(words));
     } catch (const CLI::ExtrasError&) {
         throw WrongUse(fmt::format("There is no option \"{}\"", parser_->app.remaining().front()));
+    } catch (const CLI::ArgumentMismatch& error) {
+        throw WrongUse(sentenceOf(error));
     } catch (const CLI::ParseError& error) {
         throw WrongUse(error.what());
     }

@@ -57,8 +57,8 @@ void writeTags(const ChangeReport& report) {
             tag.write();
         } catch (const std::exception& failure) {
             if (done == nullptr) throw;
-            throw FileFailure(fmt::format("The {} tag is {}, but the {} tag is not: {}", done->name,
-                                          participleOf(done->fate), tag.name, failure.what()));
+            throw FileFailure(fmt::format("The {} tag is {}, but the {} tag is not {}: {}", done->name,
+                                          participleOf(done->fate), tag.name, participleOf(tag.fate), failure.what()));
         }
         done = &tag;
     }

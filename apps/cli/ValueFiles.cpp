@@ -36,13 +36,13 @@ std::string withLineFeeds(std::string_view text) {
 
 std::string textIn(const std::string& path) {
     const std::string text = decoded(readInput(path));
-    if (text.find('\0') != std::string::npos) throw FileFailure("This is no text in UTF-8 or Windows-1252");
+    if (text.find('\0') != std::string::npos) throw FileFailure("This is not text in UTF-8 or Windows-1252");
     return withLineFeeds(text);
 }
 
 std::shared_ptr<Picture> pictureIn(const std::string& path) {
     auto picture = Picture::fromBytes(readInput(path));
-    if (!picture) throw FileFailure("This is no JPEG, PNG, GIF or BMP image");
+    if (!picture) throw FileFailure("This is not a JPEG, PNG, GIF or BMP image");
     return picture;
 }
 

@@ -19,6 +19,7 @@ struct ValueOptions::Text {
     std::optional<std::string> TagValues::*value;
     bool isOfId3v2 = false;
     bool (*isMeant)(std::string_view text) = nullptr; // nothing when any text can be
+    const char* meaning = nullptr;                    // what it must be then, with its article
 };
 
 namespace {
@@ -44,8 +45,9 @@ void ValueOptions::declare(Options& options) {
         Text{"--album", "TEXT", "Album", &TagValues::album},
         Text{"--year", "TEXT", "Year, four digits", &TagValues::year},
         Text{"--comment", "TEXT", "Comment", &TagValues::comment},
-        Text{"--track", "VALUE", "Track number, also as 5/12", &TagValues::track, false, isTrack},
-        Text{"--genre", "VALUE", "Genre number, or name (see `corvane genres`)", &TagValues::genre, false, isGenre}};
+        Text{"--track", "VALUE", "Track number, also as 5/12", &TagValues::track, false, isTrack, "a track number"},
+        Text{"--genre", "VALUE", "Genre number, or name (see `corvane genres`)", &TagValues::genre, false, isGenre,
+             "a genre number from 0 to 255"}};
     static constexpr std::array kId3v2{
         Text{"--composer", "TEXT", "Composer", &TagValues::composer, true},
         Text{"--original-artist", "TEXT", "Original artist", &TagValues::originalArtist, true},
@@ -63,7 +65,7 @@ void ValueOptions::addText(Options& options, const Text& option) {
     const auto store = [this, option](const std::string& text) {
         if (!isUtf8(text)) throw WrongUse("The text is not UTF-8");
         if (option.isMeant != nullptr && !text.empty() && !option.isMeant(text)) {
-            throw WrongUse(fmt::format("\"{}\" is none", text));
+            throw WrongUse(fmt::format("\"{}\" is not {}", text, option.meaning));
         }
         values_.*option.value = text;
         any_ = true;

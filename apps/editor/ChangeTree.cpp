@@ -2,13 +2,12 @@
 
 #include "corvane/controls/Text.h"
 
+#include "apps/editor/FieldNames.h"
 #include "apps/editor/FileName.h"
 
-#include <QCoreApplication>
 #include <QHeaderView>
 #include <QStyle>
 #include <algorithm>
-#include <array>
 
 namespace corvane::editor {
 
@@ -29,21 +28,6 @@ QString tagLine(const cli::ChangedTag& tag) {
     default:
         return ChangeTree::tr("%1 tag").arg(toQt(tag.name));
     }
-}
-
-// The names by which the plan knows the fields, for people.
-QString fieldName(const std::string& name) {
-    static constexpr std::array kNames{
-        QT_TRANSLATE_NOOP("Fields", "title"),     QT_TRANSLATE_NOOP("Fields", "artist"),
-        QT_TRANSLATE_NOOP("Fields", "album"),     QT_TRANSLATE_NOOP("Fields", "year"),
-        QT_TRANSLATE_NOOP("Fields", "comment"),   QT_TRANSLATE_NOOP("Fields", "track"),
-        QT_TRANSLATE_NOOP("Fields", "genre"),     QT_TRANSLATE_NOOP("Fields", "composer"),
-        QT_TRANSLATE_NOOP("Fields", "copyright"), QT_TRANSLATE_NOOP("Fields", "original-artist"),
-        QT_TRANSLATE_NOOP("Fields", "url"),       QT_TRANSLATE_NOOP("Fields", "encoded-by"),
-        QT_TRANSLATE_NOOP("Fields", "lyrics"),    QT_TRANSLATE_NOOP("Fields", "synced-lyrics"),
-        QT_TRANSLATE_NOOP("Fields", "picture")};
-    const auto found = std::find(kNames.begin(), kNames.end(), name);
-    return found == kNames.end() ? toQt(name) : QCoreApplication::translate("Fields", *found);
 }
 
 bool hasEffect(const cli::ChangedTag& tag) { return tag.fate != Fate::Kept || !tag.changes.empty(); }
@@ -113,7 +97,7 @@ void ChangeTree::addFile(const SaveResult& result) {
         if (!hasEffect(tag)) continue;
         auto* part = new QTreeWidgetItem(file, {tagLine(tag)});
         for (const cli::FieldChange& change : tag.changes) {
-            new QTreeWidgetItem(part, {fieldName(change.name), onOneLine(change.before), onOneLine(change.after)});
+            new QTreeWidgetItem(part, {shownFieldName(change.name), onOneLine(change.before), onOneLine(change.after)});
         }
     }
     if (file->childCount() == 0) addNote(tr("Nothing changes"), QStyle::SP_MessageBoxInformation);
@@ -132,7 +116,7 @@ QString textOf(const SaveResults& results) {
             if (hasEffect(tag)) lines << QStringLiteral("  ") + tagLine(tag);
             for (const cli::FieldChange& change : tag.changes) {
                 lines << QStringLiteral("    %1: \"%2\" \u2192 \"%3\"")
-                             .arg(fieldName(change.name), onOneLine(change.before), onOneLine(change.after));
+                             .arg(shownFieldName(change.name), onOneLine(change.before), onOneLine(change.after));
             }
         }
     }

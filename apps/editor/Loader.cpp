@@ -1,11 +1,13 @@
 #include "apps/editor/Loader.h"
 
 #include "corvane/controls/Text.h"
+#include "corvane/core/FirstTag.h"
 
 #include "apps/scan/FileWalk.h"
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <exception>
 #include <utility>
 
 namespace corvane::editor {
@@ -14,6 +16,20 @@ namespace {
 
 constexpr qsizetype kFirstBatch = 100; // files; enough for the first screen
 constexpr qint64 kBatchTime = 60;      // milliseconds between two batches
+
+QString shown(std::string_view path) {
+    return QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
+}
+
+// Why a file is not taken; "" when it is. One that cannot be read is, and its row says why it cannot.
+std::string obstacleToRow(const std::string& path) {
+    if (scan::hasMp3Name(path)) return {};
+    try {
+        return obstacleToFirstTag(path);
+    } catch (const std::exception&) {
+        return {};
+    }
+}
 
 } // namespace
 
@@ -62,11 +78,17 @@ void Loader::work(const std::vector<std::string>& roots) {
 
 std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
     scan::FileWalk walk(roots, [this](std::string_view folder, std::string_view reason) {
-        const QString name = QFile::decodeName(QByteArray(folder.data(), static_cast<qsizetype>(folder.size())));
-        tell([this, name, why = controls::toQt(reason)] { Q_EMIT refused(name, why); });
+        tell([this, name = shown(folder), why = controls::toQt(reason)] { Q_EMIT refused(name, why); });
     });
     std::vector<std::string> paths;
-    for (auto path = walk.next(); path && !isCancelled(); path = walk.next()) paths.push_back(*std::move(path));
+    for (auto path = walk.next(); path && !isCancelled(); path = walk.next()) {
+        const std::string obstacle = obstacleToRow(*path);
+        if (obstacle.empty()) {
+            paths.push_back(*std::move(path));
+        } else {
+            tell([this, name = shown(*path), why = controls::toQt(obstacle)] { Q_EMIT ignored(name, why); });
+        }
+    }
     return paths;
 }
 

@@ -18,7 +18,8 @@ public:
     explicit Loader(QObject* parent = nullptr);
     ~Loader() override;
 
-    // Files, whatever their names are, and folders. While a load is running, these wait for it to end.
+    // Folders, and files: those whose names end in ".mp3", and others that are MPEG audio. While a load is running,
+    // these wait for it to end.
     void load(std::vector<std::string> paths);
     // Ends the load that is running, and what waits for it.
     void cancel() override;
@@ -29,6 +30,8 @@ Q_SIGNALS:
     void loaded(const corvane::editor::FileRows& rows);
     // A folder that cannot be read.
     void refused(const QString& folder, const QString& reason);
+    // A file of another name that is no MPEG audio, such as a picture: it gets no row.
+    void ignored(const QString& file, const QString& reason);
 
 private:
     void work(const std::vector<std::string>& roots);

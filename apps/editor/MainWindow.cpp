@@ -98,6 +98,10 @@ void MainWindow::connectParts() {
     connect(&loader_, &Loader::refused, this, [this](const QString& folder, const QString& reason) {
         statusBar()->showMessage(tr("%1 cannot be read: %2").arg(folder, reason));
     });
+    connect(&loader_, &Loader::ignored, this, [this](const QString& file, const QString& reason) {
+        recent_.remove(file);
+        statusBar()->showMessage(tr("%1 is not opened: %2").arg(file, reason));
+    });
     connect(list_, &FileList::selectionChanged, this, [this] {
         if (!saving_.isRunning()) editing_->select(list_->selectedPaths());
     });

@@ -17,6 +17,12 @@ void RecentPaths::add(const QString& path) {
     settings_.setValue(QLatin1String(kKey), kept.mid(0, kLimit));
 }
 
+void RecentPaths::remove(const QString& path) {
+    QStringList kept = paths();
+    kept.removeAll(path);
+    settings_.setValue(QLatin1String(kKey), kept);
+}
+
 void RecentPaths::clear() { settings_.remove(QLatin1String(kKey)); }
 
 } // namespace corvane::editor

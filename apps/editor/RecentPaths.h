@@ -16,6 +16,7 @@ public:
     // The last one first.
     QStringList paths() const;
     void add(const QString& path);
+    void remove(const QString& path);
     void clear();
 
 private:

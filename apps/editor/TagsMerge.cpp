@@ -1,14 +1,10 @@
 #include "apps/editor/TagsMerge.h"
 
-#include <array>
+#include "apps/editor/FieldNames.h"
 
 namespace corvane::editor {
 
 namespace {
-
-constexpr std::array<const char*, kFieldCount> kNames{
-    "title",    "artist",          "album",     "year", "track",      "genre",  "comment",
-    "composer", "original artist", "copyright", "URL",  "encoded by", "lyrics", "synchronized lyrics"};
 
 TagValues rebasedTag(const TagValues& before, const TagValues& wanted, const TagValues& now) {
     TagValues made = now;
@@ -35,7 +31,7 @@ void addConflicts(std::string& names, const char* tag, bool isWhole, const TagVa
     for (std::size_t at = 0; at < kFieldCount; ++at) {
         const std::string &was = before.texts[at], &mine = wanted.texts[at], &theirs = now.texts[at];
         const bool isMine = mine != was || (isWhole && !before.present);
-        if (isMine && theirs != was && theirs != mine) addName(names, tag, kNames[at]);
+        if (isMine && theirs != was && theirs != mine) addName(names, tag, fieldName(fieldAt(at)));
     }
 }
 

@@ -13,6 +13,16 @@
 
 namespace corvane::scan {
 
+// ASCII only: a file name has no language.
+bool hasMp3Name(std::string_view path) {
+    constexpr std::string_view kExtension = ".mp3";
+    if (path.size() < kExtension.size()) return false;
+    path.remove_prefix(path.size() - kExtension.size());
+    return std::equal(path.begin(), path.end(), kExtension.begin(), [](char given, char wanted) {
+        return given == wanted || (given >= 'A' && given <= 'Z' && given + 32 == wanted);
+    });
+}
+
 namespace {
 
 struct CloseFolder {
@@ -24,16 +34,6 @@ enum class Kind { Folder, Mp3, Other };
 
 bool isDots(std::string_view name) { return name == "." || name == ".."; }
 
-// ASCII only: a file name has no language.
-bool endsInMp3(std::string_view name) {
-    constexpr std::string_view kExtension = ".mp3";
-    if (name.size() < kExtension.size()) return false;
-    name.remove_prefix(name.size() - kExtension.size());
-    return std::equal(name.begin(), name.end(), kExtension.begin(), [](char given, char wanted) {
-        return given == wanted || (given >= 'A' && given <= 'Z' && given + 32 == wanted);
-    });
-}
-
 bool isFolder(int folder, const char* name, int flags) {
     struct stat status {};
     return ::fstatat(folder, name, &status, flags) == 0 && S_ISDIR(status.st_mode);
@@ -44,7 +44,7 @@ Kind kindOf(DIR* folder, const dirent& entry) {
     const bool isUnknown = entry.d_type == DT_UNKNOWN; // the file system does not tell
     if (entry.d_type == DT_DIR) return Kind::Folder;
     if (isUnknown && isFolder(::dirfd(folder), entry.d_name, AT_SYMLINK_NOFOLLOW)) return Kind::Folder;
-    if (!endsInMp3(entry.d_name)) return Kind::Other;
+    if (!hasMp3Name(entry.d_name)) return Kind::Other;
     const bool mayBeLink = entry.d_type == DT_LNK || isUnknown;
     return mayBeLink && isFolder(::dirfd(folder), entry.d_name, 0) ? Kind::Other : Kind::Mp3;
 }

@@ -13,6 +13,9 @@
 
 namespace corvane::scan {
 
+// Whether a path ends in ".mp3", in either case.
+bool hasMp3Name(std::string_view path);
+
 class FileWalk {
 public:
     // Takes a folder that cannot be read, and why.

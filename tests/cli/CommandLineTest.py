@@ -15,6 +15,25 @@ VERSION = os.environ["CORVANE_VERSION"]
 
 
 class Help(CliTest):
+    def test_value_that_is_missing_is_named_in_a_sentence(self):
+        for words, name in ((["set", "a.mp3", "--title"], "--title"), (["scan", "a.mp3", "-j"], "-j")):
+            self.assertEqual(self.error(*words, code=WRONG_USE),
+                             f'corvane: {words[0]}: {name} needs a value. See "corvane {words[0]} --help".')
+
+    def test_value_that_cannot_be_meant_is_named_in_a_sentence(self):
+        for words, message in ((["set", "--track", "abc"], '--track: "abc" is not a track number'),
+                               (["set", "--track", "5/x"], '--track: "5/x" is not a track number'),
+                               (["set", "--genre", "300"], '--genre: "300" is not a genre number from 0 to 255'),
+                               (["set", "--tag", "v3"], '--tag: "v3" is not one of v1|v2|both'),
+                               (["set", "--color", "red"], '--color: "red" is not one of auto|always|never'),
+                               (["scan", "--format", "xml"], '--format: "xml" is not one of json|csv'),
+                               (["set", "--title", "a", "--title", "b"], "--title may be given only once"),
+                               (["set", "--dry-run=1", "--title", "b"], "--dry-run takes no value"),
+                               (["scan", "--jobs", "x"], '--jobs: "x" is not a number from 1 to 256')):
+            with self.subTest(words=words):
+                self.assertEqual(self.error(*words, "a.mp3", code=WRONG_USE),
+                                 f'corvane: {words[0]}: {message}. See "corvane {words[0]} --help".')
+
     def test_help_lists_every_command_and_has_examples(self):
         for words in (["--help"], ["-h"], ["help"]):
             text = self.output(*words)

@@ -86,31 +86,33 @@ TEST_F(SaidOptions, NumberLiesWithinItsBounds) {
     operands({"--jobs", "16"});
     EXPECT_EQ(jobs_, 16u);
     for (const char* value : {"0", "17", "-1", "x", "", "1.5", "99999999999"}) {
-        EXPECT_EQ(wrongUse({"--jobs", value}), "--jobs: \"" + std::string(value) + "\" is no number from 1 to 16");
+        EXPECT_EQ(wrongUse({"--jobs", value}), "--jobs: \"" + std::string(value) + "\" is not a number from 1 to 16");
     }
 }
 
 TEST_F(SaidOptions, ChoiceIsOneOfItsWords) {
     operands({"--color", "blue"});
     EXPECT_EQ(colour_, Colour::Blue);
-    EXPECT_EQ(wrongUse({"--color=green"}), "--color: \"green\" is none of red|blue");
+    EXPECT_EQ(wrongUse({"--color=green"}), "--color: \"green\" is not one of red|blue");
 }
 
 TEST_F(SaidOptions, WhatIsNoOptionIsWrongUse) {
     EXPECT_EQ(wrongUse({"--what"}), "There is no option \"--what\"");
     EXPECT_EQ(wrongUse({"-z"}), "There is no option \"-z\"");
-    EXPECT_NE(wrongUse({"--dry-run=yes"}), "");
+    EXPECT_EQ(wrongUse({"--dry-run=yes"}), "--dry-run takes no value");
     EXPECT_NE(wrongUse({"--titl", "x"}), "");
 }
 
 TEST_F(SaidOptions, OptionWithoutItsValueOrGivenTwiceIsWrongUse) {
-    EXPECT_NE(wrongUse({"--title"}), "");
-    EXPECT_NE(wrongUse({"--title", "a", "--title", "b"}), "");
+    EXPECT_EQ(wrongUse({"--title"}), "--title needs a value");
+    EXPECT_EQ(wrongUse({"--title", "a", "-t"}), "-t needs a value");
+    EXPECT_EQ(wrongUse({"--title", "a", "-t", "b"}), "--title may be given only once");
 }
 
 TEST_F(SaidOptions, HelpComesBeforeEverythingThatIsWrong) {
     EXPECT_TRUE(options_.take({"--jobs", "0", "--what", "-h"}).wantsHelp);
     EXPECT_TRUE(options_.take({"--help"}).wantsHelp);
+    EXPECT_TRUE(options_.take({"--help", "--title"}).wantsHelp);
     EXPECT_FALSE(options_.take({"--", "--help"}).wantsHelp);
 }
 

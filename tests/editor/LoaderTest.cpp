@@ -2,6 +2,7 @@
 
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorFiles.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <QSignalSpy>
 #include <QThread>
@@ -59,6 +60,27 @@ private Q_SLOTS:
         const auto rows = loaded.front().front().value<FileRows>();
         QCOMPARE(rows.size(), 1);
         QVERIFY(!rows.front().failure.empty());
+    }
+
+    void FileOfAnotherNameIsTakenWhenItIsMpegAudio() {
+        const ScratchFolder folder;
+        const std::string cover = folder.write("cover.jpg", jpegImage(64, 48));
+        const Mp3File audio = plainFile(folder, "recording.audio");
+        const std::string empty = folder.write("empty.mp3", {}), missing = folder.path("missing.jpg");
+        Loader loader;
+        FileRows rows;
+        connect(&loader, &Loader::loaded, this, [&rows](const FileRows& batch) { rows += batch; });
+        QSignalSpy ignored(&loader, &Loader::ignored), finished(&loader, &Loader::finished);
+        loader.load({cover, audio.path(), empty, missing});
+        QVERIFY(finished.wait(kWait));
+        QStringList paths;
+        for (const FileRow& row : rows) paths << QString::fromStdString(row.path);
+        const QStringList expected{QString::fromStdString(audio.path()), QString::fromStdString(empty),
+                                   QString::fromStdString(missing)};
+        QCOMPARE(paths, expected);
+        QCOMPARE(ignored.count(), 1);
+        QCOMPARE(ignored.front().at(0).toString(), QString::fromStdString(cover));
+        QCOMPARE(ignored.front().at(1).toString(), QStringLiteral("This is a JPEG image, not an MPEG audio file"));
     }
 
     void FirstRowsComeLongBeforeTheLast() {

@@ -2,9 +2,11 @@
 #include "apps/editor/ChangeTree.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
+#include "tests/support/ImageBuilder.h"
 
 #include <QHeaderView>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -85,6 +87,22 @@ private Q_SLOTS:
         words.setText("words");
         QVERIFY(drop(window.field("txtTitle"), words));
         QVERIFY(window.field("txtTitle").text().contains("words"));
+    }
+
+    void DroppedFileThatIsNoMpegAudioIsNotTakenIntoTheList() {
+        EditorWindow window;
+        const Mp3File song = taggedFile(window.folder(), "a.mp3", "One");
+        const std::string cover = window.folder().write("cover.jpg", jpegImage(64, 48));
+        QVERIFY(window.open({song.path()}));
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(cover))});
+        QVERIFY(drop(*window, data));
+        QTRY_COMPARE(window->statusBar()->currentMessage(),
+                     QStringLiteral("%1 is not opened: This is a JPEG image, not an MPEG audio file")
+                         .arg(QString::fromStdString(cover)));
+        QVERIFY(!window->loader().isRunning());
+        QCOMPARE(window->table().rowCount(), 1);
+        QCOMPARE(RecentPaths(window.settings()).paths(), QStringList(QString::fromStdString(song.path())));
     }
 
     void OddThingsThatAreDroppedAreLeftAlone() {

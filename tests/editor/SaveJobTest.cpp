@@ -1,6 +1,7 @@
 #include "apps/editor/SaveJob.h"
 
 #include "apps/editor/ChangeDialog.h"
+#include "apps/editor/ChangePlan.h"
 #include "apps/editor/ChangeTree.h"
 #include "apps/editor/OpenedFile.h"
 #include "apps/editor/Tools.h"
@@ -13,6 +14,8 @@
 #include <QThread>
 #include <QtTest>
 #include <set>
+#include <stdexcept>
+#include <tuple>
 
 using namespace corvane::editor;
 using namespace corvane::test;
@@ -130,6 +133,62 @@ private Q_SLOTS:
         const SaveResult result = saveFile(titled(file.path(), "New"), Mode::Save);
         QVERIFY(result.failure.find("2.4") != std::string::npos);
         QVERIFY(file.isUnchanged());
+    }
+
+    void FirstTagOfAFileThatIsNoMpegAudioIsRefusedInPreviewAndSave() {
+        const ScratchFolder folder;
+        const auto jpeg = jpegImage(64, 48);
+        const std::vector<std::tuple<std::string, corvane::ByteArray, std::string>> files{
+            {"cover.jpg", jpeg, "This is a JPEG image, not an MPEG audio file"},
+            {"note.txt", {'n', 'o', 't', 'e', '\n'}, "This is a text file, not an MPEG audio file"},
+            {"song.flac", {'f', 'L', 'a', 'C', 0, 0, 0, 34}, "This is a FLAC file, not an MPEG audio file"},
+            {"zeros.mp3", corvane::ByteArray(3000), "The file holds no MPEG audio frame"}};
+        const auto picture = corvane::Picture::fromBytes(jpeg);
+        for (const auto& [name, content, reason] : files) {
+            const std::string path = folder.write(name, content);
+            const auto covered = [&](FileTags tags) { return withPicture(std::move(tags), picture); };
+            for (const FileToSave& save : {titled(path, "New"), toSave(path, covered)}) {
+                for (const Mode mode : {Mode::Preview, Mode::Save}) {
+                    QCOMPARE(saveFile(save, mode).failure, reason);
+                    QCOMPARE(contentOf(path), content);
+                }
+            }
+        }
+    }
+
+    void TagThatIsThereIsChangedWhateverTheRestIs() {
+        const ScratchFolder folder;
+        const Mp3File file(folder, {}, Id3v1Builder().title("Old").done(), "record.mp3");
+        const auto jpeg = jpegImage(64, 48);
+        corvane::ByteArray content = jpeg;
+        content.insert(content.end(), file.original().begin(), file.original().end());
+        const std::string path = folder.write("cover.jpg", content);
+        QCOMPARE(saveFile(titled(path, "New"), Mode::Save).failure, std::string());
+        QCOMPARE(readTags(path).v1[Field::Title], std::string("New"));
+    }
+
+    void FailureAfterAWrittenTagSaysWhatHasBecomeOfEachTag() {
+        using Fate = corvane::cli::ChangedTag::Fate;
+        const auto planOf = [](Fate first, Fate second) {
+            corvane::cli::ChangeReport plan;
+            plan.tags.push_back({"v1", "ID3v1.1", first, {}, [] {}});
+            plan.tags.push_back({"v2", "ID3v2.3.0", second, {}, [] { throw std::runtime_error("No space"); }});
+            return plan;
+        };
+        const auto failureOf = [](const corvane::cli::ChangeReport& plan) {
+            try {
+                carryOut(plan);
+            } catch (const std::exception& failure) {
+                return std::string(failure.what());
+            }
+            return std::string();
+        };
+        QCOMPARE(failureOf(planOf(Fate::Removed, Fate::Removed)),
+                 std::string("The ID3v1.1 tag is removed, but the ID3v2.3.0 tag is not removed: No space"));
+        QCOMPARE(failureOf(planOf(Fate::Added, Fate::Kept)),
+                 std::string("The ID3v1.1 tag is added, but the ID3v2.3.0 tag is not changed: No space"));
+        QCOMPARE(failureOf(planOf(Fate::Kept, Fate::Added)),
+                 std::string("The ID3v1.1 tag is changed, but the ID3v2.3.0 tag is not added: No space"));
     }
 
     void TrackNumberThatARecordCannotHoldIsRefused() {

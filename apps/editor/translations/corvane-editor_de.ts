@@ -51,28 +51,28 @@
         <translation>Copyright</translation>
     </message>
     <message>
-        <source>original-artist</source>
-        <translation>Originalinterpret</translation>
-    </message>
-    <message>
-        <source>url</source>
-        <translation>URL</translation>
-    </message>
-    <message>
-        <source>encoded-by</source>
-        <translation>Kodiert von</translation>
-    </message>
-    <message>
         <source>lyrics</source>
         <translation>Liedtext</translation>
     </message>
     <message>
-        <source>synced-lyrics</source>
-        <translation>Liedtext mit Zeiten</translation>
-    </message>
-    <message>
         <source>picture</source>
         <translation>Bild</translation>
+    </message>
+    <message>
+        <source>original artist</source>
+        <translation>Originalinterpret</translation>
+    </message>
+    <message>
+        <source>URL</source>
+        <translation>URL</translation>
+    </message>
+    <message>
+        <source>encoded by</source>
+        <translation>Kodiert von</translation>
+    </message>
+    <message>
+        <source>synchronised lyrics</source>
+        <translation>Liedtext mit Zeiten</translation>
     </message>
 </context>
 <context>
@@ -548,6 +548,10 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     <message>
         <source>The window closes when the files are saved.</source>
         <translation>Das Fenster schließt sich, wenn die Dateien gespeichert sind.</translation>
+    </message>
+    <message>
+        <source>%1 is not opened: %2</source>
+        <translation>%1 wird nicht geöffnet: %2</translation>
     </message>
 </context>
 <context>
