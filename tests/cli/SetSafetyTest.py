@@ -118,7 +118,7 @@ class FullDisk(SafetyCase):
         tag = mp3.id3v2([TITLE])
         song = self.write("a.mp3", tag + AUDIO)
         error = self.error("set", song, "--title", "x", "--tag", "both", preexec_fn=limited_to(len(tag + AUDIO)))
-        self.assertEqual(error, f"corvane: {song}: The ID3v2.3.0 tag is changed, but the ID3v1.1 tag is not changed: File too large")
+        self.assertEqual(error, f"corvane: {song}: The ID3v2.3.0 tag is changed, but the ID3v1.1 tag is not added: File too large")
         self.assertEqual(self.content(song), mp3.id3v2([mp3.frame23("TIT2", mp3.latin1("x"))]) + AUDIO)
 
 
