@@ -66,9 +66,11 @@ void bindTestFixture(py::module_& corvane) {
                 fixture.Setup(std::make_shared<PythonManager>(std::move(manager)), project.bytes);
             },
             "manager"_a, "vbpPath"_a, "Takes the manager and the path of the host's project.")
-        .def("RunTest", &Fixture::RunTest, FileWork(),
-             "Runs all steps. Failures are reported to the manager and never raised to it. Raises Error (91) without a "
-             "manager, and whatever the manager itself raises.")
+        .def(
+            "RunTest", &Fixture::RunTest, FileWork(),
+            "Runs all steps. Failures are reported to the manager and never raised to it. Raises Error (91) without a "
+            "manager, and whatever the manager itself raises. A manager may call TearDown meanwhile: the run then ends "
+            "without another report.")
         .def("TearDown", &Fixture::TearDown, "Releases the manager.")
         .def_property_readonly(
             "Name", [](const Fixture& fixture) { return Text{fixture.Name()}; }, "The name of the test.")

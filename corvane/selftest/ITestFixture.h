@@ -26,9 +26,10 @@ public:
 
     // Takes the manager and the path of the host's project.
     virtual void Setup(std::shared_ptr<ITestManager> manager, const std::string& vbpPath) = 0;
-    // Runs all steps. Failures are reported to the manager and never raised; fails (ObjectNotSet) without a manager.
+    // Runs all steps. Failures are reported to the manager and never raised; fails (ObjectNotSet) without a manager. A
+    // manager may call TearDown meanwhile, for one after a failed check: the run then ends without another report.
     virtual void RunTest() = 0;
-    // Releases the manager.
+    // Releases the manager; the fixture keeps it alive until a call of it that is under way has returned.
     virtual void TearDown() = 0;
     // What the test is called.
     virtual std::string Name() const = 0;

@@ -7,7 +7,6 @@
 #include "corvane/platform/Export.h"
 #include "corvane/selftest/ITestFixture.h"
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -15,7 +14,7 @@ namespace corvane {
 
 class CORVANE_EXPORT TestFixture final : public ITestFixture {
 public:
-    // As ITestFixture tells. A failed check or step is told to the manager and raises nothing.
+    // See ITestFixture. A failed check or step is reported to the manager and raises nothing.
     void Setup(std::shared_ptr<ITestManager> manager, const std::string& vbpPath) override;
     void RunTest() override;
     void TearDown() override;
@@ -23,13 +22,15 @@ public:
     bool ContinueAfterError() const override { return true; }
 
 private:
-    void deleteStep();
-    void createStep();
-    void writeStep();
-    void fileSizeStep();
-    void compareStep();
-    void check(bool condition, const std::string& message);
-    bool checkFileSize(std::uintmax_t expected);
+    // Each returns whether the run goes on: not after the manager was released.
+    bool deleteStep();
+    bool createStep();
+    bool tagSteps();
+    bool writeStep();
+    bool fileSizeStep();
+    bool compareStep();
+    bool startStep(const std::string& text);
+    bool check(bool condition, const std::string& message);
 
     std::shared_ptr<ITestManager> manager_;
     std::string projectPath_;

@@ -123,3 +123,19 @@ def test_a_result_that_is_neither_true_nor_false_is_the_managers_failure(tmp_pat
     monkeypatch.chdir(tmp_path)
     with pytest.raises(LookupError, match="neither"):
         run(Odd())
+
+
+def test_a_manager_may_stop_the_run_at_the_first_failed_check(tmp_path, monkeypatch):
+    class Stopping(Manager):
+        def CheckCondition(self, Condition, Message):
+            super().CheckCondition(Condition, Message)
+            if not Condition:
+                fixture.TearDown()
+
+    monkeypatch.chdir(tmp_path)
+    fixture, manager = corvane.TestFixture(), Stopping()
+    fixture.Setup(manager, "")
+    fixture.RunTest()
+    assert manager.checks == [(False, "Couldn't delete the Test-File")]
+    assert manager.steps == ["Deleting Test-File"]
+    assert os.listdir(tmp_path) == []

@@ -24,6 +24,7 @@ class Recorder final : public ITestManager {
 public:
     bool CheckCondition(bool Condition, const std::string& Message) override {
         checks.push_back({Condition, Message});
+        if (afterCheck) afterCheck(checks);
         return Condition;
     }
     void StartStep(const std::string& Text) override {
@@ -41,6 +42,7 @@ public:
     std::vector<Check> checks;
     std::vector<std::string> steps;
     std::function<void(const std::vector<std::string>&)> beforeStep;
+    std::function<void(const std::vector<Check>&)> afterCheck;
 };
 
 class TestFixtureTest : public testing::Test {
@@ -100,20 +102,88 @@ TEST_F(TestFixtureTest, ASecondTagBehindTheFirstFailsTheSecondSizeCheck) {
     EXPECT_NE(std::find(failures.begin(), failures.end(), "Size incorrect. 138 expected, found: 266"), failures.end());
 }
 
-TEST_F(TestFixtureTest, AWrongFieldIsReportedWithWhatWasFound) {
+// The record behind the ten bytes of content, of which a byte is overwritten before it is compared.
+struct SpoiltByte {
+    const char* name;
+    std::size_t offset; // in the record
+    std::uint8_t value;
+    std::vector<std::string> failures;
+};
+
+class SpoiltField : public TestFixtureTest, public testing::WithParamInterface<SpoiltByte> {};
+
+TEST_P(SpoiltField, IsReportedWithWhatWasExpectedAndFound) {
+    folder_.write("MP3Tst00.mp3", {});
     recorder_->beforeStep = [this](const std::vector<std::string>& steps) {
         if (steps.back() != "Comparing written Tag") return;
         ByteArray bytes = test::contentOf("MP3Tst00.mp3");
-        bytes.at(10 + 3) = 'X';
-        bytes.at(10 + 127) = 19;
+        bytes.at(10 + GetParam().offset) = GetParam().value;
         folder_.write("MP3Tst00.mp3", bytes);
     };
     run();
-    EXPECT_EQ(recorder_->failures(), (std::vector<std::string>{"Couldn't delete the Test-File",
-                                                               "Title incorrect. Title expected, found : Xitle",
-                                                               "Comment incorrect. 18 expected, found : 19",
-                                                               "Title incorrect. Title expected, found : Xitle",
-                                                               "Comment incorrect. 18 expected, found : 19"}));
+    std::vector<std::string> expected = GetParam().failures; // of both rounds
+    expected.insert(expected.end(), GetParam().failures.begin(), GetParam().failures.end());
+    EXPECT_EQ(recorder_->failures(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Bytes, SpoiltField,
+    testing::Values(SpoiltByte{"Title", 3, 'X', {"Title incorrect. Title expected, found : Xitle"}},
+                    SpoiltByte{"Track", 126, 78, {"Track incorrect. 77 expected, found : 78"}},
+                    SpoiltByte{"Artist", 33, 'a', {"Artist incorrect. Artist expected, found : artist"}},
+                    SpoiltByte{"Album", 63, 0, {"Album incorrect. Album expected, found : "}},
+                    SpoiltByte{"Comment", 104, 's', {"Comment incorrect. Comment expected, found : Comments"}},
+                    SpoiltByte{"GenreOddlyNamedComment", 127, 19, {"Comment incorrect. 18 expected, found : 19"}},
+                    SpoiltByte{"Year", 96, '2', {"Year incorrect. 2001 expected, found : 2002"}},
+                    SpoiltByte{
+                        "TagTypeAndTrackOfAPlainRecord",
+                        126,
+                        0,
+                        {"TagType incorrect. 2 expected, found : 1", "Track incorrect. 77 expected, found : 0"}}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST_F(TestFixtureTest, WithoutARecordEveryFieldIsReported) {
+    folder_.write("MP3Tst00.mp3", {});
+    recorder_->beforeStep = [](const std::vector<std::string>& steps) {
+        if (steps.size() == 7) std::filesystem::resize_file("MP3Tst00.mp3", 10);
+    };
+    run();
+    EXPECT_EQ(recorder_->failures(),
+              (std::vector<std::string>{
+                  "TagType incorrect. 2 expected, found : 0",
+                  "Title incorrect. Title expected, found : ", "Track incorrect. 77 expected, found : 0",
+                  "Artist incorrect. Artist expected, found : ", "Album incorrect. Album expected, found : ",
+                  "Comment incorrect. Comment expected, found : ", "Comment incorrect. 18 expected, found : 255",
+                  "Year incorrect. 2001 expected, found : "}));
+}
+
+TEST_F(TestFixtureTest, ARecordThatIsGoneAfterWritingIsReported) {
+    folder_.write("MP3Tst00.mp3", {});
+    recorder_->beforeStep = [](const std::vector<std::string>& steps) {
+        if (steps.back() == "Check if Tag exists") std::filesystem::resize_file("MP3Tst00.mp3", 10);
+    };
+    run();
+    EXPECT_EQ(recorder_->failures().at(0), "HasTag incorrect. 'True' expected, found: False");
+    EXPECT_EQ(recorder_->failures().at(1), "Size incorrect. 138 expected, found: 10");
+}
+
+TEST_F(TestFixtureTest, AScratchFileOfAnotherSizeIsReported) {
+    folder_.write("MP3Tst00.mp3", {});
+    recorder_->beforeStep = [](const std::vector<std::string>& steps) {
+        if (steps.size() == 3) std::filesystem::resize_file("MP3Tst00.mp3", 11);
+    };
+    run();
+    EXPECT_EQ(recorder_->failures().at(0), "Size incorrect. 10 expected, found: 11");
+}
+
+TEST_F(TestFixtureTest, AScratchFileWithoutASizeIsOneFailureOfItsCreation) {
+    folder_.write("MP3Tst00.mp3", {});
+    recorder_->beforeStep = [this](const std::vector<std::string>& steps) {
+        if (steps.size() == 3) std::filesystem::remove("MP3Tst00.mp3");
+        if (steps.back() == "Write Tag") folder_.write("MP3Tst00.mp3", ByteArray(10, 'T'));
+    };
+    run();
+    EXPECT_EQ(recorder_->failures(), std::vector<std::string>{"Couldn't create the Test-File 'MP3Tst00.mp3'"});
 }
 
 TEST_F(TestFixtureTest, AFolderThatTakesNoFileFailsTheCreation) {
@@ -121,6 +191,13 @@ TEST_F(TestFixtureTest, AFolderThatTakesNoFileFailsTheCreation) {
     std::filesystem::create_directory("MP3Tst00.mp3/inside");
     run();
     EXPECT_EQ(recorder_->failures().at(1), "Couldn't create the Test-File 'MP3Tst00.mp3'");
+}
+
+TEST_F(TestFixtureTest, AnEmptyFolderOfTheScratchFilesNameIsNotRemoved) {
+    std::filesystem::create_directory("MP3Tst00.mp3");
+    run();
+    EXPECT_EQ(recorder_->failures().at(0), "Couldn't delete the Test-File");
+    EXPECT_TRUE(std::filesystem::is_directory("MP3Tst00.mp3"));
 }
 
 TEST_F(TestFixtureTest, WithoutAManagerThereIsNobodyToReportTo) {
@@ -131,6 +208,69 @@ TEST_F(TestFixtureTest, WithoutAManagerThereIsNobodyToReportTo) {
     } catch (const RuntimeFailure& failure) {
         EXPECT_EQ(failure.number(), static_cast<std::int32_t>(FailureNumber::ObjectNotSet));
     }
+    EXPECT_TRUE(folder_.names().empty());
+}
+
+// A manager that releases itself from the fixture, and is not kept by anybody else, as soon as `count` checks or steps
+// were reported.
+class Stopping final : public ITestManager {
+public:
+    Stopping(TestFixture& fixture, std::size_t count, std::vector<std::string>& reported)
+        : fixture_(fixture), count_(count), reported_(reported) {}
+
+    bool CheckCondition(bool Condition, const std::string& Message) override {
+        return report("check " + Message), Condition;
+    }
+    void StartStep(const std::string& Text) override { report("step " + Text); }
+
+private:
+    void report(const std::string& text) {
+        reported_.push_back(text);
+        if (reported_.size() != count_) return;
+        fixture_.TearDown();
+        reported_.push_back(name_ + " lives");
+    }
+
+    TestFixture& fixture_;
+    std::size_t count_;
+    std::vector<std::string>& reported_;
+    std::string name_ = "a manager that its fixture alone has held until it has released it";
+};
+
+class ReleasedManager : public TestFixtureTest, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(ReleasedManager, EndsTheRunQuietly) {
+    std::vector<std::string> reported;
+    TestFixture fixture;
+    fixture.Setup(std::make_shared<Stopping>(fixture, GetParam(), reported), {});
+    EXPECT_NO_THROW(fixture.RunTest());
+    ASSERT_EQ(reported.size(), GetParam() + 1) << "nothing is reported to a manager that was released";
+    EXPECT_EQ(reported.back(), "a manager that its fixture alone has held until it has released it lives");
+    EXPECT_THROW(fixture.RunTest(), RuntimeFailure) << "there is no manager any more";
+}
+
+// 12 steps and, without a scratch file, 22 checks.
+INSTANTIATE_TEST_SUITE_P(AtEveryReport, ReleasedManager, testing::Range<std::size_t>(1, 35));
+
+TEST_F(TestFixtureTest, NothingIsDoneForAManagerThatWasReleased) {
+    const ByteArray before(5, 'b');
+    folder_.write("MP3Tst00.mp3", before);
+    TestFixture fixture;
+    recorder_->beforeStep = [&](const std::vector<std::string>& /*steps*/) { fixture.TearDown(); };
+    fixture.Setup(recorder_, {});
+    fixture.RunTest();
+    EXPECT_EQ(recorder_->steps, std::vector<std::string>{"Deleting Test-File"});
+    EXPECT_EQ(test::contentOf("MP3Tst00.mp3"), before);
+}
+
+TEST_F(TestFixtureTest, ARunMayStopAtTheFirstFailedCheck) {
+    TestFixture fixture;
+    recorder_->afterCheck = [&](const std::vector<Check>& checks) {
+        if (!checks.back().passed) fixture.TearDown();
+    };
+    fixture.Setup(recorder_, {});
+    fixture.RunTest();
+    EXPECT_EQ(recorder_->checks.size(), 1U);
     EXPECT_TRUE(folder_.names().empty());
 }
 
