@@ -12,7 +12,7 @@ namespace corvane {
 class CORVANE_EXPORT File {
 public:
     // The entry of a file, with the state at the time of the call; links are followed. Fails with errno's number and
-    // text when there is no such file.
+    // text when there is no such file; a folder, a device, a pipe or a socket is none.
     static std::shared_ptr<File> ofPath(const std::string& path);
 
     // Dates by the local time, as "dd/mm/yyyy hh:mm:ss"; "" where the file system does not keep them.

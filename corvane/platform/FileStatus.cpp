@@ -17,6 +17,7 @@ FileStatus fileStatusOf(const std::string& path) {
     if (::statx(AT_FDCWD, systemPath(path), 0, kWanted, &found) != 0) throw systemFailure(errno, "file");
     FileStatus status;
     status.size = found.stx_size;
+    status.mode = found.stx_mode;
     status.device = makedev(found.stx_dev_major, found.stx_dev_minor);
     if ((found.stx_mask & STATX_BTIME) != 0) status.created = found.stx_btime.tv_sec;
     if ((found.stx_mask & STATX_ATIME) != 0) status.accessed = found.stx_atime.tv_sec;

@@ -11,6 +11,7 @@ namespace corvane {
 
 struct FileStatus {
     std::uint64_t size = 0; // bytes
+    mode_t mode = 0;        // what kind of file it is, and its permissions
     dev_t device = 0;       // that holds it
     // Seconds since 1970; nothing where the file system does not keep them.
     std::optional<std::int64_t> created;

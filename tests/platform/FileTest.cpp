@@ -100,6 +100,14 @@ TEST(File, AFileThatIsNotThereIsAFailure) {
     EXPECT_EQ(test::failureNumberOf([] { File::ofPath(""); }), ENOENT);
 }
 
+TEST(File, WhatIsNoRegularFileIsAFailure) {
+    const ScratchFolder folder;
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(test::failureNumberOf([&] { File::ofPath(folder.path()); }), EISDIR);
+    EXPECT_EQ(test::failureNumberOf([&] { File::ofPath(folder.path("pipe")); }), EINVAL);
+    EXPECT_EQ(test::failureNumberOf([] { File::ofPath("/dev/null"); }), EINVAL);
+}
+
 struct TypeCase {
     const char* name;
     const char* extension;
