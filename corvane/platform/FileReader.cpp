@@ -1,5 +1,6 @@
 #include "corvane/platform/FileReader.h"
 
+#include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
 
 #include <fcntl.h>
@@ -26,7 +27,7 @@ FileIdentity identityOf(const struct stat& status) {
 
 FileReader::FileReader(const std::string& path)
     // Without O_NONBLOCK the opening of a pipe would wait for a writer.
-    : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
+    : descriptor_(::open(systemPath(path), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
     if (descriptor_ < 0) throw systemFailure(errno, "open");
     struct stat status {};
     int problem = ::fstat(descriptor_, &status) == 0 ? 0 : errno;

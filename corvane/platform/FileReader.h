@@ -24,7 +24,8 @@ public:
     static constexpr std::size_t kTailSize = 256;  // bytes
     static constexpr std::size_t kJumpSize = 1024; // bytes
 
-    // Opens the file. Fails with errno's number and text when it cannot be opened; a directory, a device, a pipe or a
+    // Opens the file. Fails with errno's number and text when it cannot be opened (EINVAL for a name with a NUL byte,
+    // which the system would cut there); a directory, a device, a pipe or a
     // socket is refused at once (nothing is read from it, and the call does not wait for a peer).
     explicit FileReader(const std::string& path);
     ~FileReader();

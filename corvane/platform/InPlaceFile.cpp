@@ -1,6 +1,7 @@
 #include "corvane/platform/InPlaceFile.h"
 
 #include "corvane/platform/FileSizeLimitGuard.h"
+#include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
 
 #include <fcntl.h>
@@ -20,7 +21,7 @@ constexpr const char* kSource = "write";
 } // namespace
 
 InPlaceFile::InPlaceFile(const std::string& path)
-    : descriptor_(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
+    : descriptor_(::open(systemPath(path), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
     if (descriptor_ < 0) throw systemFailure(errno, "open");
     struct stat status {};
     const int problem = ::fstat(descriptor_, &status) == 0 ? 0 : errno;

@@ -13,7 +13,7 @@ namespace corvane {
 class InPlaceFile {
 public:
     // Opens the file for reading and writing. Fails with errno's number and text when that is not possible or the name
-    // is that of a folder, a device, a pipe or a socket. Links are followed.
+    // is that of a folder, a device, a pipe or a socket or has a NUL byte. Links are followed.
     explicit InPlaceFile(const std::string& path);
     ~InPlaceFile();
     InPlaceFile(const InPlaceFile&) = delete;

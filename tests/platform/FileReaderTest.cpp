@@ -106,6 +106,12 @@ TEST(FileReader, AMissingFileFailsWithTheNumberOfTheSystem) {
     EXPECT_EQ(failureOfOpening(folder.path("none")), ENOENT);
 }
 
+TEST(FileReader, ANameIsNotCutAtANulByte) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(10, 7));
+    EXPECT_EQ(test::failureNumberOf([&] { FileReader file(path + std::string("\0x", 2)); }), EINVAL);
+}
+
 TEST(FileReader, WhatIsNoRegularFileIsRefusedAtOnce) {
     const ScratchFolder folder;
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);

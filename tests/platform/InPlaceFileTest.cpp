@@ -94,6 +94,12 @@ TEST(InPlaceFile, TheSignalOfTheSizeLimitNeitherKillsNorStaysPending) {
     EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0);
 }
 
+TEST(InPlaceFile, ANameIsNotCutAtANulByte) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("f", ByteArray(10, 7));
+    EXPECT_EQ(test::failureNumberOf([&] { InPlaceFile file(path + std::string("\0x", 2)); }), EINVAL);
+}
+
 TEST(InPlaceFile, WhatIsNoRegularFileIsRefusedAtOnce) {
     const ScratchFolder folder;
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
