@@ -1,9 +1,11 @@
 #include "corvane/platform/LocalTime.h"
 
 #include "corvane/platform/RuntimeFailure.h"
+#include "corvane/platform/Utf.h"
 
 #include <array>
 #include <clocale>
+#include <cwchar>
 
 namespace corvane {
 
@@ -21,10 +23,14 @@ public:
     UserLocale(const UserLocale&) = delete;
     UserLocale& operator=(const UserLocale&) = delete;
 
-    std::string formatted(const char* form, const LocalTime& time) const {
-        std::array<char, 256> text{};
+    // As UTF-8: wide characters are the same in every locale, while bytes would be in the encoding of this one.
+    std::string formatted(const wchar_t* form, const LocalTime& time) const {
         if (locale_ == nullptr) return {};
-        return {text.data(), ::strftime_l(text.data(), text.size(), form, &time, locale_)};
+        std::array<wchar_t, 256> text{};
+        const std::size_t count = ::wcsftime_l(text.data(), text.size(), form, &time, locale_);
+        std::string utf8;
+        for (std::size_t i = 0; i < count; ++i) appendUtf8(utf8, static_cast<char32_t>(text[i]));
+        return utf8;
     }
 
 private:
@@ -47,8 +53,8 @@ std::string documentDate(const LocalTime& time) {
     return {text.data(), std::strftime(text.data(), text.size(), "%d/%m/%Y %H:%M:%S", &time)};
 }
 
-std::string shortDateOfUser(const LocalTime& time) { return UserLocale().formatted("%x", time); }
+std::string shortDateOfUser(const LocalTime& time) { return UserLocale().formatted(L"%x", time); }
 
-std::string timeOfUser(const LocalTime& time) { return UserLocale().formatted("%X", time); }
+std::string timeOfUser(const LocalTime& time) { return UserLocale().formatted(L"%X", time); }
 
 } // namespace corvane

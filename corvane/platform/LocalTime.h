@@ -19,7 +19,8 @@ LocalTime currentLocalTime();
 // "dd/mm/yyyy hh:mm:ss", the form of all dates in documents.
 std::string documentDate(const LocalTime& time);
 
-// Date and time of day in the form of the user's locale; the locale of the process stays as it is.
+// Date and time of day in the form of the user's locale, UTF-8 whatever the encoding of that locale is; the locale of
+// the process stays as it is.
 std::string shortDateOfUser(const LocalTime& time);
 std::string timeOfUser(const LocalTime& time);
 

@@ -58,23 +58,46 @@ TEST(LogWriter, LinesAreAppended) {
     EXPECT_EQ(writer.LastError()->Stream(), "0, , ");
 }
 
+struct LocaleCase {
+    const char* name;
+    const char* language;
+    const char* encoding;
+    const char* date;
+    const char* time;
+};
+
 // A locale that is compiled for this test alone, so that it does not matter which ones are installed.
-TEST(LogWriter, DateAndTimeHaveTheFormOfTheUsersLocale) {
+class LogWriterLocale : public testing::TestWithParam<LocaleCase> {};
+
+// The log is UTF-8, whatever the encoding of the locale is.
+TEST_P(LogWriterLocale, GivesDateAndTimeTheirForm) {
     const ScratchFolder folder;
-    const std::string command = "localedef -i de_DE -f UTF-8 " + folder.path("de_DE.UTF-8") + " >/dev/null 2>&1";
-    if (std::system(command.c_str()) != 0) GTEST_SKIP() << "localedef or the source of de_DE is not installed";
+    const LocaleCase& tested = GetParam();
+    const std::string locale = std::string(tested.language) + "." + tested.encoding;
+    const std::string command = std::string("localedef -i ") + tested.language + " -f " + tested.encoding + " " +
+                                folder.path(locale) + " >/dev/null 2>&1";
+    if (std::system(command.c_str()) != 0) GTEST_SKIP() << "localedef or the source of " << locale << " is missing";
     const int result = test::inChild([&] {
         ::setenv("LOCPATH", folder.path().c_str(), 1);
-        ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+        ::setenv("LC_ALL", locale.c_str(), 1);
         LogWriter writer;
         writer.FileName(folder.path("log"));
-        if (!writer.writeLog("x")) return 1;
+        if (!writer.writeLog("\u00FCber")) return 1;
         return std::string(std::setlocale(LC_ALL, nullptr)) == "C" ? 0 : 2;
     });
     EXPECT_EQ(result, 0) << "2: the locale of the process was changed";
     const std::string line = textOf(contentOf(folder.path("log")));
-    EXPECT_TRUE(isLine(line, "\\d\\d\\.\\d\\d\\.\\d{4}", "\\d\\d:\\d\\d:\\d\\d", "x")) << line;
+    EXPECT_TRUE(isLine(line, tested.date, tested.time, "\u00FCber")) << line;
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Locales, LogWriterLocale,
+    testing::Values(LocaleCase{"German", "de_DE", "UTF-8", "\\d\\d\\.\\d\\d\\.\\d{4}", "\\d\\d:\\d\\d:\\d\\d"},
+                    LocaleCase{"JapaneseUtf8", "ja_JP", "UTF-8", "\\d{4}\u5E74\\d\\d\u6708\\d\\d\u65E5",
+                               "\\d\\d\u6642\\d\\d\u5206\\d\\d\u79D2"},
+                    LocaleCase{"JapaneseEuc", "ja_JP", "EUC-JP", "\\d{4}\u5E74\\d\\d\u6708\\d\\d\u65E5",
+                               "\\d\\d\u6642\\d\\d\u5206\\d\\d\u79D2"}),
+    [](const auto& tested) { return tested.param.name; });
 
 TEST(LogWriter, AnUnknownLocaleIsNoFailure) {
     const ScratchFolder folder;
