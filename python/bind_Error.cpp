@@ -32,8 +32,10 @@ void raise(std::exception_ptr thrown) { // NOLINT(performance-unnecessary-value-
 void bindError(py::module_& corvane) {
     py::dict members;
     members["number"] = argumentProperty(
-        0, "An errno number, 6 (overflow), 9 (index outside a table), 13 (no number), 63 (position outside the file), "
-           "91 (object not there), 457 (key there already), or -2147221504 and above for a failure with its own text.");
+        0,
+        "An errno number, 6 (overflow), 9 (index outside a table), 13 (no number), 51 (a failure of no other number), "
+        "63 (position outside the file), 91 (object not there), 457 (key there already), or -2147221504 and above "
+        "for a failure with its own text.");
     members["source"] = argumentProperty(1, "Label of the operation that failed.");
     members["description"] = argumentProperty(2, "The message.");
     // So that every error has all three, given by place or by name.

@@ -44,6 +44,7 @@ bool cError::CopyError(const std::exception* oErr) {
         copy.Number = ENOMEM;
         copy.Description = std::generic_category().message(ENOMEM);
     }
+    if (copy.Number == 0) copy.Number = static_cast<std::int32_t>(FailureNumber::InternalError);
     *this = std::move(copy);
     return true;
 }

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "corvane/platform/Export.h"
+#include "corvane/platform/RuntimeFailure.h"
+
+#include <cxxabi.h>
 
 #include <cstdint>
 #include <exception>
@@ -24,7 +27,8 @@ public:
 
     // Empties all four fields.
     void Clear();
-    // Fills the record from a failure with severity 2. Returns false, and changes nothing, when there is none.
+    // Fills the record from a failure with severity 2; the number is 51 where the failure has none, since 0 is that of
+    // checks. Returns false, and changes nothing, when there is none.
     bool CopyError(const std::exception* oErr);
     // Shows the record in a message box with an OK button. The caption is the host's file description and the title,
     // or the host's title when none is given.
@@ -40,7 +44,8 @@ public:
     void record(std::string_view source, std::string_view description, std::int32_t severity = kWarning);
 };
 
-// Runs `body`. No exception passes: what it throws is recorded, and `failure` is the result.
+// Runs `body`. No exception passes: what it throws is recorded, and `failure` is the result. Only the end of a thread
+// (pthread_exit, pthread_cancel) passes, which nobody may stop.
 template <class Result, class Body>
 Result recordFailures(cError& error, Result failure, Body&& body) {
     try {
@@ -48,6 +53,12 @@ Result recordFailures(cError& error, Result failure, Body&& body) {
     } catch (const std::exception& unexpected) {
         error.Clear();
         error.CopyError(&unexpected);
+    } catch (const abi::__forced_unwind&) {
+        throw;
+    } catch (...) {
+        const RuntimeFailure unknown(FailureNumber::InternalError, {}, "Unknown failure");
+        error.Clear();
+        error.CopyError(&unknown);
     }
     return failure;
 }

@@ -14,6 +14,7 @@ enum class FailureNumber : std::int32_t {
     Overflow = 6,               // a value does not fit its published width
     SubscriptOutOfRange = 9,    // an index lies outside its table
     TypeMismatch = 13,          // a text is not the number that it should be
+    InternalError = 51,         // a failure of no other number
     BadRecordNumber = 63,       // a position lies outside the file
     ObjectNotSet = 91,          // an object reference that is not set was used
     DuplicateKey = 457,         // a key is already associated with an element of the collection

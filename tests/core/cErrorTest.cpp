@@ -5,6 +5,7 @@
 #include "tests/support/HostMessageBox.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -67,7 +68,18 @@ TEST(cError, CopyErrorLeavesNothingOfTheOldRecord) {
     cError error = filled();
     const std::runtime_error failure("no number, no source");
     EXPECT_TRUE(error.CopyError(&failure));
-    expectFields(error, 0, "", "no number, no source", 2);
+    expectFields(error, 51, "", "no number, no source", 2);
+}
+
+// The number 0 is that of the library's own checks.
+TEST(cError, NoFailureThatIsCopiedHasTheNumber0) {
+    cError error;
+    const std::length_error tooLong("too long");
+    EXPECT_TRUE(error.CopyError(&tooLong));
+    expectFields(error, 51, "", "too long", 2);
+    const std::system_error ofNoSystem(0, std::generic_category(), "odd");
+    EXPECT_TRUE(error.CopyError(&ofNoSystem));
+    expectFields(error, 51, "", ofNoSystem.what(), 2);
 }
 
 TEST(cError, CopyErrorTakesTheNumberOfASystemError) {
@@ -239,6 +251,27 @@ TEST(RecordFailures, AllocationAndConversionFailuresDoNotPassEither) {
     EXPECT_EQ(error.Severity, 2);
     EXPECT_EQ(recordFailures(error, 0, [] { return static_cast<int>(std::filesystem::file_size("/none")); }), 0);
     EXPECT_EQ(error.Number, ENOENT);
+}
+
+TEST(RecordFailures, WhatIsNoExceptionOfTheStandardLibraryDoesNotPassEither) {
+    cError error;
+    EXPECT_EQ(recordFailures(error, 7, []() -> int { throw 3; }), 7);
+    expectFields(error, 51, "", "Unknown failure", 2);
+}
+
+// The system unwinds a thread that ends itself or is cancelled; who stops that ends the process.
+TEST(RecordFailures, TheEndOfAThreadPasses) {
+    cError error = filled();
+    pthread_t thread{};
+    const auto body = [](void* record) -> void* {
+        recordFailures(*static_cast<cError*>(record), 0, []() -> int { ::pthread_exit(nullptr); });
+        return record;
+    };
+    ASSERT_EQ(::pthread_create(&thread, nullptr, body, &error), 0);
+    void* result = &error;
+    ASSERT_EQ(::pthread_join(thread, &result), 0);
+    EXPECT_EQ(result, nullptr);
+    expectFields(error, 53, "Read Tag", "File does not exist.", 2);
 }
 
 } // namespace
