@@ -22,6 +22,7 @@ namespace {
 
 constexpr const char* kCopySource = "FileCopy";
 constexpr const char* kTemporaryExtension = "tmp";
+constexpr const char* kCopyExtension = "mp3"; // of the shortened copy of a file
 
 RuntimeFailure objectFailure(std::string source, const std::string& description) {
     return {FailureNumber::ObjectDefined, std::move(source), description};
@@ -110,13 +111,19 @@ void copyBehind(const CopySource& source, std::uint64_t count, const std::string
     // The bytes are on the medium: closing the file can report no loss any more.
 }
 
-// Raises what `body` raises as the failure of a copy to `temporary`.
-template <class Body>
-void asFailureOfCopy(const std::string& temporary, const Body& body) {
+RuntimeFailure copyFailure(const std::string& temporary, const RuntimeFailure& cause) {
+    return objectFailure(kCopySource, temporary + " - " + cause.description());
+}
+
+// The name of a temporary file that was made in the folder and is gone again, for the failure of a copy that does not
+// begin. Fails where none can be made, which is the failure that counts then.
+std::string nameOfTemporaryFileIn(const std::string& folder) {
     try {
-        body();
-    } catch (const RuntimeFailure& failure) {
-        throw objectFailure(kCopySource, temporary + " - " + failure.description());
+        NewFile file = openNewFile(AT_FDCWD, folder, "tmp", kCopyExtension, 0600);
+        ::unlink(file.path.c_str());
+        return file.path;
+    } catch (const RuntimeFailure&) {
+        throw noTemporaryFile(folder);
     }
 }
 
@@ -177,24 +184,26 @@ void FileRoutines::FileCopy(const std::string& FileSource, const std::string& Fi
 }
 
 void FileRoutines::CutFileBytes(const std::string& File, std::int32_t NumBytesToCut, const FileIdentity* known) {
-    constexpr const char* kCopyExtension = "mp3";
     const std::string folder = folderOf(File);
-    if (!folderExists(folder)) throw noTemporaryFile(folder);
     std::optional<FileReplacement> replacement;
-    asFailureOfCopy(folder + unguessableName("tmp", kCopyExtension), [&] {
+    try {
         if (!fileExists(File)) throw noSource();
         replacement.emplace(File, kCopyExtension);
         if (known != nullptr) replacement->requireUnchanged(*known);
-    });
+    } catch (const RuntimeFailure& failure) {
+        throw copyFailure(nameOfTemporaryFileIn(folder), failure);
+    }
     try {
         replacement->begin();
     } catch (const RuntimeFailure&) {
         throw noTemporaryFile(folder);
     }
-    asFailureOfCopy(replacement->temporaryName(), [&] {
+    try {
         replacement->copy(0, sizeWithout(replacement->originalSize(), NumBytesToCut));
         replacement->commit();
-    });
+    } catch (const RuntimeFailure& failure) {
+        throw copyFailure(replacement->temporaryName(), failure);
+    }
 }
 
 } // namespace corvane

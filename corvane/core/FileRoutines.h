@@ -34,7 +34,8 @@ public:
 
     // The name without the characters of its extension, followed by the new one. The dot stays, so "a.mp3" with "tmp"
     // is "a.tmp". Odd, and hosts rely on it: a name without an extension gets the new one without a dot, "a" with
-    // "tmp" is "atmp".
+    // "tmp" is "atmp". A name that ends in a separator has an empty last component and so no extension: the folder that
+    // it names keeps its own name.
     static std::string ChangeExtension(const std::string& FileName, const std::string& NewExtension);
 
     // Copies a file without its last numBytesToCutFromTheEnd bytes (0 or less: the whole file).
@@ -50,7 +51,8 @@ public:
     // Removes the last NumBytesToCut bytes of a file (0 or less: none) by a safe replacement (FileReplacement.h):
     // afterwards its name holds the shortened content, or what it held before. No temporary file stays.
     //
-    // A failed copy has the source "FileCopy" and the description "temporary file's name - what went wrong"; more bytes
+    // A folder in which no temporary file can be made is the failure of CreateTempFile. A failed copy has the source
+    // "FileCopy" and the description "temporary file's name - what went wrong", the file being gone again; more bytes
     // to cut than the file has are such a failure. So is a file that is not in the state `known` any more, where a
     // caller has looked at what it cuts off.
     static void CutFileBytes(const std::string& File, std::int32_t NumBytesToCut, const FileIdentity* known = nullptr);

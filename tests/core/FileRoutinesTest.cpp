@@ -74,7 +74,9 @@ INSTANTIATE_TEST_SUITE_P(Names, ChangeExtension,
                                          ExtensionCase{"DotAtTheEnd", "song.", "tmp", "song.tmp"},
                                          ExtensionCase{"ToNothingKeepsTheDot", "song.mp3", "", "song."},
                                          ExtensionCase{"NothingButExtension", ".mp3", "tmp", ".tmp"},
-                                         ExtensionCase{"Nothing", "", "tmp", "tmp"}),
+                                         ExtensionCase{"Nothing", "", "tmp", "tmp"},
+                                         // The last component is empty, so that the folder keeps its name.
+                                         ExtensionCase{"Folder", "a.mp3/", "tmp", "a.mp3/tmp"}),
                          [](const auto& tested) { return tested.param.name; });
 
 TEST(FileRoutines, LastErrorIsAlwaysEmpty) {
@@ -374,6 +376,20 @@ TEST(CutFileBytes, AReadOnlyFolderIsNamedInTheFailure) {
     });
     EXPECT_EQ(result, 0);
     EXPECT_EQ(contentOf(path), bytesOf("abc"));
+}
+
+// The temporary file comes first, so that the failure of a copy names one that there was.
+TEST(CutFileBytes, AMissingFileOfAReadOnlyFolderIsAFailureOfTheTemporaryFile) {
+    if (!test::isRoot()) GTEST_SKIP() << "only root can become somebody else";
+    const ScratchFolder folder;
+    ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+    const int result = test::asNobody([&] {
+        expectFailure(failureOf([&] { FileRoutines::CutFileBytes(folder.path("none"), 1); }),
+                      "FileRoutines::CreateTempFileName()",
+                      "API Call 'GetTmpFileName' failed. Path = '" + folder.path() + "/'.");
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    EXPECT_EQ(result, 0);
 }
 
 TEST(CutFileBytes, AReadOnlyFileIsAFailureOfTheCopy) {
