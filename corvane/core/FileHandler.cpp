@@ -10,6 +10,7 @@
 #include "corvane/id3v2/ID3V2Tag.h"
 #include "corvane/id3v2/ID3V2TagInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
+#include "corvane/id3v230/Id3Library.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/lyrics/LyricsTagInternals.h"
 #include "corvane/mpeg/MPEGHeader.h"
@@ -210,15 +211,21 @@ bool FileHandler::createID3V2Tag(const std::shared_ptr<ID3V230>& theTag) {
     return recordFailures(*error_, false, [&] {
         if (theTag == nullptr)
             throw RuntimeFailure(FailureNumber::ObjectNotSet, kCreateSource, "Object variable not set");
-        ID3V230 tag;
-        if (!Internals<ID3V230>::LoadFromFile(tag, path_)) {
-            error_->record(kCreateSource, "The file cannot be opened, or id3lib is not installed.");
+        if (const auto library = checkId3Library(); !library.present) {
+            error_->record(kCreateSource, library.message);
             return false;
         }
+        ID3V230 tag;
+        FileReader file(path_);
+        Internals<ID3V230>::bind(tag, TagImage::read(file, path_));
         if (tag.FrameCount() > 0) return false;
         copyValues(*theTag, tag);
         if (Internals<ID3V230>::SaveTag(tag)) return true;
-        error_->record(kCreateSource, Internals<ID3V230>::lastFailure(tag)->description);
+        const auto& failure = *Internals<ID3V230>::lastFailure(tag);
+        if (failure.causeNumber != 0) {
+            throw RuntimeFailure(failure.causeNumber, failure.causeSource, failure.description);
+        }
+        error_->record(kCreateSource, failure.description);
         return false;
     });
 }

@@ -50,6 +50,7 @@ public:
     // failure leaves the file as it was; a Track outside 0 to 255 is one.
     bool writeID3v1xTag();
     // Cuts the last 128 bytes, an ID3v1 record, off the file, by a safe replacement. The tag objects stay as they are.
+    // Of a file that cannot be read the system's failure is recorded, and not that it has no record.
     bool removeID3V1xTag();
     // Whether the file, as it is now, is longer than 128 bytes and its last 128 begin with "TAG".
     bool HasTag() const;
@@ -84,19 +85,22 @@ public:
     std::string Path() const;
     // The mount that holds the file, or nothing when it cannot be found out.
     std::shared_ptr<corvane::Drive> Drive() const;
-    // The file's entry in the file system, or nothing when there is none.
+    // The file's entry in the file system; nothing, with LastError, when there is no such file. A folder or a device is
+    // none.
     std::shared_ptr<corvane::File> File() const;
 
     // A new view of the object's error record.
     std::shared_ptr<TagError> LastError() const { return viewOf(error_); }
 
-    // Everything about the drive, the file and its tags as one XML document, UTF-8. Failures of the file system, and
-    // ObjectNotSet without an ID3v1 tag object, reach the caller as RuntimeFailure and are not recorded.
+    // Everything about the drive, the file and its tags as one XML document, UTF-8. Failures of the file system, a
+    // folder or a device in the place of the file among them, and ObjectNotSet without an ID3v1 tag object, reach the
+    // caller as RuntimeFailure and are not recorded.
     std::string xml();
 
     // Gives a file without an ID3v2 tag a new ID3v2.3 tag with the named values of theTag. False when the file has a
-    // tag already, or, with LastError, when it cannot be written; it is then exactly what it was. This object goes on
-    // without the tag until the file is opened again. The year is written as it reads, 0 without one.
+    // tag already, or, with LastError, when it cannot be read or written; it is then exactly what it was, and a failure
+    // of the system is recorded with its number. This object goes on without the tag until the file is opened again.
+    // The year is written as it reads, 0 without one.
     bool createID3V2Tag(const std::shared_ptr<ID3V230>& theTag);
 
 private:

@@ -141,6 +141,9 @@ private:
         std::int32_t number = 0;
         std::string description;
         bool isDamaged = false; // the file is not what it was, the description tells how to repair it
+        // Number and source of the run-time failure that was the cause; 0 where the library itself refuses.
+        std::int32_t causeNumber = 0;
+        std::string causeSource = {};
     };
 
     bool LoadFromFile(const std::string& path);

@@ -158,7 +158,9 @@ bool ID3V230::succeeds(Change&& change) {
     } catch (const std::exception& failure) {
         result = changeFailure(failure);
     }
-    if (!result) failure_ = Failure{result.number(), result.text, result.isDamaged};
+    if (!result) {
+        failure_ = Failure{result.number(), result.text, result.isDamaged, result.failureNumber, result.failureSource};
+    }
     return !failure_;
 }
 

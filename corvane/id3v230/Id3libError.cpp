@@ -28,12 +28,16 @@ constexpr std::array kRows{Row{ENOMEM, Id3libError::NoMemory},    Row{ENOSPC, Id
 } // namespace
 
 TagChange changeFailure(const std::exception& failure) {
-    if (dynamic_cast<const std::bad_alloc*>(&failure) != nullptr) return {Id3libError::NoMemory, "Out of memory"};
+    if (dynamic_cast<const std::bad_alloc*>(&failure) != nullptr)
+        return {Id3libError::NoMemory, "Out of memory", false, ENOMEM};
     const auto* known = dynamic_cast<const RuntimeFailure*>(&failure);
-    if (known == nullptr) return {Id3libError::BadData, failure.what()};
+    if (known == nullptr) {
+        return {Id3libError::BadData, failure.what(), false, static_cast<std::int32_t>(FailureNumber::InternalError)};
+    }
     const auto row = std::ranges::find(kRows, known->number(), &Row::systemNumber);
     const bool isDamaged = dynamic_cast<const DamageFailure*>(known) != nullptr;
-    return {row == kRows.end() ? Id3libError::NoBuffer : row->error, known->description(), isDamaged};
+    return {row == kRows.end() ? Id3libError::NoBuffer : row->error, known->description(), isDamaged, known->number(),
+            known->source()};
 }
 
 } // namespace corvane

@@ -25,6 +25,9 @@ struct TagChange {
     Id3libError error = Id3libError::None;
     std::string text;       // one line for the user; the system's own where it has one
     bool isDamaged = false; // the file is not what it was: the text tells how to repair it (see DamageFailure)
+    // Number and source of the run-time failure that has ended the change; 0 where the library itself refuses.
+    std::int32_t failureNumber = 0;
+    std::string failureSource = {};
 
     explicit operator bool() const { return error == Id3libError::None; }
     std::int32_t number() const { return static_cast<std::int32_t>(error); }

@@ -3,13 +3,16 @@
 #include "corvane/id3v230/ID3V230.h"
 
 #include "tests/support/ByteBuilder.h"
+#include "tests/support/HostMessageBox.h"
 #include "tests/support/Id3v2Builder.h"
 #include "tests/support/ImageBuilder.h"
 #include "tests/support/Mp3File.h"
+#include "tests/support/Process.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 
 namespace corvane {
@@ -137,7 +140,24 @@ TEST_F(CreateId3v2Tag, AMissingFileIsAFailureAndIsNotCreated) {
     ASSERT_TRUE(handler.Create(path));
     std::filesystem::remove(path);
     EXPECT_FALSE(handler.createID3V2Tag(fullTag()));
+    EXPECT_EQ(handler.LastError()->Stream(), std::to_string(ENOENT) + ", open, No such file or directory");
     EXPECT_TRUE(folder.names().empty());
+}
+
+TEST_F(CreateId3v2Tag, AFullDiskIsRecordedAsTheSystemsFailureAndLeavesTheFile) {
+    const ByteArray content = contentOf(path);
+    ASSERT_TRUE(handler.Create(path));
+    {
+        const LoweredFileSizeLimit limit(1000);
+        EXPECT_FALSE(handler.createID3V2Tag(fullTag()));
+    }
+    HostMessageBox host;
+    handler.LastError()->Show();
+    EXPECT_TRUE(handler.LastError()->Stream().starts_with(std::to_string(EFBIG) + ", "))
+        << handler.LastError()->Stream();
+    EXPECT_EQ(host.shown.back().icon, MessageBoxIcon::Stop) << "the icon of severity 2";
+    EXPECT_EQ(contentOf(path), content);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"song.mp3"});
 }
 
 TEST_F(CreateId3v2Tag, TheGivenTagStaysAsItIs) {

@@ -69,6 +69,66 @@ TEST_F(FileHandlerSaving, AfterAFileThatIsNothingButARecordAnotherIsAppended) {
     EXPECT_EQ(contentOf(path).size(), 256U);
 }
 
+TEST_F(FileHandlerSaving, OfTwoRecordsTheLastOneIsReadReplacedAndRemoved) {
+    const ByteArray first = with(audio(), record(0, 7, 1));
+    const auto path = write(with(first, record(0, 9, 2)));
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(path));
+    EXPECT_EQ(handler.ID3v1xTag()->Track(), 9);
+    EXPECT_EQ(handler.ID3v1xTag()->Genre(), 2);
+    handler.ID3v1xTag()->Genre(3);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    ByteArray replaced = contentOf(path);
+    ASSERT_EQ(replaced.size(), first.size() + 128);
+    EXPECT_EQ(replaced.back(), 3);
+    replaced.resize(first.size());
+    EXPECT_EQ(replaced, first);
+    ASSERT_TRUE(handler.removeID3V1xTag());
+    EXPECT_EQ(contentOf(path), first);
+    EXPECT_TRUE(handler.HasTag()) << "the first record is the last one now";
+    ASSERT_TRUE(handler.removeID3V1xTag());
+    EXPECT_EQ(contentOf(path), audio());
+    EXPECT_FALSE(handler.removeID3V1xTag());
+}
+
+TEST_F(FileHandlerSaving, WhatAnotherProgramHasAppendedIsKept) {
+    const ByteArray opened = with(audio(), record(0, 7));
+    const ByteArray appended(50, 'x');
+    const auto path = write(opened);
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(path));
+    write(with(opened, appended));
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    const ByteArray content = contentOf(path);
+    ASSERT_EQ(content.size(), opened.size() + appended.size() + 128) << "the record stands behind the last byte";
+    EXPECT_TRUE(std::equal(opened.begin(), opened.end(), content.begin()));
+    EXPECT_TRUE(
+        std::equal(appended.begin(), appended.end(), content.begin() + static_cast<std::ptrdiff_t>(opened.size())));
+}
+
+TEST_F(FileHandlerSaving, ARecordThatAnotherProgramHasAppendedIsReplaced) {
+    const auto path = write(audio());
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(path));
+    write(joined({audio(), ByteArray(50, 'x'), record(0, 7)}));
+    handler.ID3v1xTag()->Title("Mine");
+    handler.ID3v1xTag()->TagType(ID3v1);
+    ASSERT_TRUE(handler.writeID3v1xTag());
+    FileHandler again;
+    ASSERT_TRUE(again.Create(path));
+    EXPECT_EQ(again.ID3v1xTag()->Title(), "Mine");
+    EXPECT_EQ(contentOf(path).size(), audio().size() + 50 + 128);
+}
+
+TEST_F(FileHandlerSaving, AFileThatIsNothingButARecordHasNoneToRemove) {
+    FileHandler handler;
+    const auto path = write(record(0, 7));
+    ASSERT_TRUE(handler.Create(path));
+    EXPECT_FALSE(handler.removeID3V1xTag());
+    EXPECT_EQ(handler.LastError()->Stream(), "0, RemoveTag, The file has no ID3v1x tag.");
+    EXPECT_EQ(contentOf(path), record(0, 7));
+}
+
 TEST_F(FileHandlerSaving, AnUnknownTagTypeIsNotWritten) {
     FileHandler handler;
     const auto path = write(audio());

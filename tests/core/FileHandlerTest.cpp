@@ -2,12 +2,15 @@
 
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v230/ID3V230.h"
 #include "corvane/lyrics/LyricsTag.h"
 #include "corvane/mpeg/MPEGHeader.h"
 #include "corvane/platform/Drive.h"
 #include "corvane/platform/File.h"
+#include "corvane/platform/RuntimeFailure.h"
 
 #include "tests/core/FileHandlerFiles.h"
+#include "tests/support/Failures.h"
 
 #include <sys/stat.h>
 
@@ -88,6 +91,53 @@ TEST_F(FileHandlerTest, FoldersPipesAndDevicesFailAtOnce) {
         EXPECT_FALSE(handler.writeID3v1xTag()) << path;
         EXPECT_FALSE(handler.removeID3V1xTag()) << path;
     }
+}
+
+TEST_F(FileHandlerTest, WhatIsNoFileHasNoEntryAndThatIsRecorded) {
+    for (const auto& [path, failure] :
+         {std::pair(folder_.path(), systemFailure(EISDIR, "file")),
+          std::pair(std::string("/dev/null"), RuntimeFailure(EINVAL, "file", "Not a regular file"))}) {
+        FileHandler handler;
+        EXPECT_FALSE(handler.Create(path));
+        handler.readTag();
+        EXPECT_EQ(handler.LastError()->Stream(), "0, Read Tag, File does not exist.");
+        EXPECT_FALSE(handler.File());
+        EXPECT_EQ(handler.LastError()->Stream(), std::to_string(failure.number()) + ", file, " + failure.description());
+        EXPECT_EQ(test::failureNumberOf([&] { handler.xml(); }), failure.number()) << path;
+        EXPECT_TRUE(handler.Drive()) << "what is no file lies on a drive too";
+    }
+}
+
+TEST_F(FileHandlerTest, ANameIsNotCutAtANulByte) {
+    const ByteArray content = with(audio(), record(0, 7));
+    const std::string path = write(content);
+    FileHandler handler;
+    EXPECT_FALSE(handler.Create(path + std::string("\0x", 2)));
+    EXPECT_EQ(handler.LastError()->Stream(), "22, open, Invalid argument");
+    EXPECT_FALSE(handler.HasTag());
+    EXPECT_FALSE(handler.HasLyricsTag());
+    handler.ID3v1xTag()->TagType(ID3V11);
+    EXPECT_FALSE(handler.writeID3v1xTag());
+    EXPECT_FALSE(handler.removeID3V1xTag());
+    EXPECT_FALSE(handler.createID3V2Tag(std::make_shared<ID3V230>()));
+    EXPECT_FALSE(handler.File());
+    EXPECT_EQ(contentOf(path), content);
+}
+
+TEST_F(FileHandlerTest, TheFileTypeStaysWhenASecondFileCannotBeOpened) {
+    const std::string song = write(audio());
+    const std::string archive = folder_.write("a.zip", bytesOf("PK\x03\x04 archive"));
+    FileHandler handler;
+    ASSERT_TRUE(handler.Create(song));
+    EXPECT_FALSE(handler.Create(folder_.path("none.mp3")));
+    EXPECT_EQ(handler.FileType(), 1);
+    EXPECT_FALSE(handler.Create(archive));
+    EXPECT_EQ(handler.FileType(), 2);
+    EXPECT_FALSE(handler.Create(folder_.path("none.mp3")));
+    EXPECT_EQ(handler.FileType(), 2);
+    EXPECT_EQ(handler.FileTypeName(), "ZIP");
+    EXPECT_TRUE(handler.Create(song));
+    EXPECT_EQ(handler.FileType(), 1);
 }
 
 TEST_F(FileHandlerTest, FilesShorterThanARecordHaveNone) {
