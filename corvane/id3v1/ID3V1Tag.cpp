@@ -7,6 +7,9 @@
 #include "corvane/xml/XmlImport.h"
 #include "corvane/xml/XmlLayout.h"
 
+#include <concepts>
+#include <limits>
+
 namespace corvane {
 
 namespace {
@@ -25,8 +28,25 @@ EID3TagConstants tagTypeOf(std::int16_t track) {
     return track < 0 ? EID3TagConstants::ID3Unknown : EID3TagConstants::ID3V11;
 }
 
+// A failure names the number, for the people who have to correct the document.
+template <std::integral Number>
+Number importedNumber(const char* name, const std::string& text) {
+    const auto failure = [name](FailureNumber number, const std::string& problem) {
+        return RuntimeFailure(number, kImport, std::string("The document's ") + name + " number " + problem);
+    };
+    try {
+        return narrowed<Number>(wholeNumber(text, kImport), kImport);
+    } catch (const RuntimeFailure& caught) {
+        if (caught.number() != static_cast<std::int32_t>(FailureNumber::Overflow))
+            throw failure(FailureNumber::TypeMismatch, "is no whole number");
+        using Limits = std::numeric_limits<Number>;
+        throw failure(FailureNumber::Overflow,
+                      "lies outside " + std::to_string(Limits::min()) + " to " + std::to_string(Limits::max()));
+    }
+}
+
 std::int16_t importedTrack(const std::string& text) {
-    return text.empty() ? std::int16_t{0} : narrowed<std::int16_t>(wholeNumber(text, kImport), kImport);
+    return text.empty() ? std::int16_t{0} : importedNumber<std::int16_t>("track", text);
 }
 
 } // namespace
@@ -71,7 +91,7 @@ void ID3V1Tag::Tag(const XmlNode& node) {
     title_ = propertyAttribute(node, "Title", "Value", kImport);
     year_ = propertyAttribute(node, "Year", "Value", kImport);
     track_ = importedTrack(propertyAttribute(node, "Track", "Value", kImport));
-    genre_ = narrowed<std::uint8_t>(wholeNumber(propertyAttribute(node, "Genre", "ID", kImport), kImport), kImport);
+    genre_ = importedNumber<std::uint8_t>("genre", propertyAttribute(node, "Genre", "ID", kImport));
     tagType_ = tagTypeOf(track_);
 }
 

@@ -72,8 +72,8 @@ public:
     // follows from the track: 0 or none gives ID3v1, a negative one ID3Unknown, any other ID3V11. Numbers may have a
     // sign and blanks around them. Fails with a RuntimeFailure: 0x80040000 for an element of another name (nothing is
     // changed), ObjectNotSet for a missing property or attribute, TypeMismatch for a number that is none, Overflow for
-    // one that does not fit. What was read before the failure (artist, album, comment, title, year, track, genre, in
-    // this order) stays.
+    // one that does not fit; the description says which number it is. What was read before the failure (artist, album,
+    // comment, title, year, track, genre, in this order) stays.
     void Tag(const XmlNode& node);
 
 private:

@@ -96,6 +96,11 @@ class Import(CliTest):
         for track in ("-1", "256"):
             self.refused(tag_document(track=track), "The document's track number lies outside 0 to 255")
 
+    def test_number_that_is_none_or_does_not_fit_is_named(self):
+        self.refused(tag_document(genre="300"), "The document's genre number lies outside 0 to 255")
+        self.refused(tag_document(genre=""), "The document's genre number is no whole number")
+        self.refused(tag_document(track="seven"), "The document's track number is no whole number")
+
     def test_document_without_a_tag_is_refused(self):
         self.refused(b"<ImportData/>", "The document holds no ID3V1Tag element")
 

@@ -282,6 +282,32 @@ INSTANTIATE_TEST_SUITE_P(
                     FailureCase{"TitleHasNoValue", "Title", "", kObjectNotSet}),
     [](const auto& tested) { return tested.param.name; });
 
+struct DescriptionCase {
+    const char* name;
+    const char* property;
+    const char* attributes;
+    const char* description;
+};
+class ID3V1TagImportDescription : public testing::TestWithParam<DescriptionCase> {};
+TEST_P(ID3V1TagImportDescription, SaysWhatIsWrongWithWhichNumber) {
+    ID3V1Tag tag;
+    const auto failure = failureOf(tag, documentWith(GetParam().property, GetParam().attributes));
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->description(), GetParam().description);
+}
+INSTANTIATE_TEST_SUITE_P(Numbers, ID3V1TagImportDescription,
+                         testing::Values(DescriptionCase{"NoTrack", "Track", "Value='five'",
+                                                         "The document's track number is no whole number"},
+                                         DescriptionCase{"TrackTooLarge", "Track", "Value='32768'",
+                                                         "The document's track number lies outside -32768 to 32767"},
+                                         DescriptionCase{"TrackHuge", "Track", "Value='99999999999999999999999'",
+                                                         "The document's track number lies outside -32768 to 32767"},
+                                         DescriptionCase{"NoGenre", "Genre", "ID=''",
+                                                         "The document's genre number is no whole number"},
+                                         DescriptionCase{"GenreTooLarge", "Genre", "ID='300'",
+                                                         "The document's genre number lies outside 0 to 255"}),
+                         [](const auto& tested) { return tested.param.name; });
+
 class ID3V1TagImportMissing : public testing::TestWithParam<const char*> {};
 TEST_P(ID3V1TagImportMissing, PropertyIsAnObjectThatIsNotSet) {
     Attributes properties = wholeDocument();
