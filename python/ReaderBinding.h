@@ -15,14 +15,13 @@ void readerMembers(Class<T>& reader) {
                                  "Number of frames in the collection.");
     reader
         .def(
-            "GetFrameByID", [](const T& object, const Text& id) { return object.GetFrameByID(id.utf8); }, "FrameID"_a,
+            "GetFrameByID", [](const T& object, const Key& id) { return object.GetFrameByID(id.bytes); }, "FrameID"_a,
             FileWork(), "The frame kept under that ID, or None. Each call gives a new view of the same frame.")
         .def(
-            "GetFrameByIndex",
-            [](const T& object, Number<std::int32_t> index) { return object.GetFrameByIndex(index.value); }, "Index"_a,
-            FileWork(), "The frame at that place of the collection, from 1 to FrameCount, or None.")
+            "GetFrameByIndex", [](const T& object, Position index) { return object.GetFrameByIndex(index.value); },
+            "Index"_a, FileWork(), "The frame at that place of the collection, from 1 to FrameCount, or None.")
         .def(
-            "GetText", [](const T& object, const Text& id) { return Text{object.GetText(id.utf8)}; }, "FrameID"_a,
+            "GetText", [](const T& object, const Key& id) { return Text{object.GetText(id.bytes)}; }, "FrameID"_a,
             FileWork(), "The text of the first frame of that ID; \"\" without one, or when it can no longer be read.");
     lastError(reader);
 }

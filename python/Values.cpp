@@ -1,5 +1,8 @@
 #include "python/Values.h"
 
+#include <cmath>
+#include <utility>
+
 namespace corvane::python {
 
 namespace {
@@ -26,6 +29,23 @@ std::int64_t wholeNumber(py::handle number, std::int64_t least, std::int64_t mos
         throw RuntimeFailure(FailureNumber::Overflow, "corvane", "Overflow");
     }
     return value;
+}
+
+bool isNumber(py::handle object) { return PyIndex_Check(object.ptr()) != 0 || PyFloat_Check(object.ptr()) != 0; }
+
+Position positionOf(py::handle number) {
+    if (PyFloat_Check(number.ptr()) != 0) {
+        const double value = PyFloat_AsDouble(number.ptr());
+        const bool isPosition =
+            value >= 1 && value <= std::numeric_limits<std::int32_t>::max() && std::trunc(value) == value;
+        return {isPosition ? static_cast<std::int32_t>(value) : 0};
+    }
+    const auto index = py::reinterpret_steal<py::object>(PyNumber_Index(number.ptr()));
+    if (!index) throw py::error_already_set();
+    int overflow = 0;
+    const std::int64_t value = PyLong_AsLongLongAndOverflow(index.ptr(), &overflow);
+    const bool isPosition = overflow == 0 && std::in_range<std::int32_t>(value);
+    return {isPosition ? static_cast<std::int32_t>(value) : 0};
 }
 
 ByteArray bytesOf(py::handle object) {

@@ -4,7 +4,10 @@
 //   Text       str; UTF-8 in the library. What is no UTF-8, as a name inside a message may be, comes out with surrogate
 //              escapes, so that no byte is lost and no text fails to come out. A str with surrogates does not go in.
 //   FileName   str, bytes or os.PathLike goes in, str comes out, as os.fsencode and os.fsdecode convert them.
+//   Key        str that something is looked up by. One with surrogates is the key of nothing.
 //   Number<T>  int; one that does not fit T is the library's overflow failure and is never wrapped.
+//   Position   a number, at which something stands in a collection; 0, where nothing stands, for one that is not whole
+//              or does not fit.
 //   ByteArray  bytes comes out; any object that shows its bytes (bytes, bytearray, memoryview) goes in.
 //   XmlNode    xml.etree.ElementTree.Element goes in.
 #pragma once
@@ -28,6 +31,10 @@ struct Text {
     std::string utf8;
 };
 
+struct Key {
+    std::string bytes;
+};
+
 struct FileName {
     std::string bytes;
 };
@@ -35,6 +42,10 @@ struct FileName {
 template <std::integral T>
 struct Number {
     T value;
+};
+
+struct Position {
+    std::int32_t value; // from 1
 };
 
 // An argument that a function takes as any object and then as a T; fails with TypeError for an object that is none.
@@ -55,6 +66,10 @@ XmlNode nodeOf(py::handle element);
 // A whole number of at most 64 bits; fails with an overflow outside `least` and `most`, and as Python does for an
 // object that is no whole number.
 std::int64_t wholeNumber(py::handle number, std::int64_t least, std::int64_t most);
+
+// An int, or a float.
+bool isNumber(py::handle object);
+Position positionOf(py::handle number);
 
 ByteArray bytesOf(py::handle object);
 
@@ -79,6 +94,20 @@ struct type_caster<corvane::python::Text> {
     }
     static handle cast(const corvane::python::Text& text, return_value_policy, handle) {
         return PyUnicode_DecodeUTF8(text.utf8.data(), static_cast<Py_ssize_t>(text.utf8.size()), "surrogateescape");
+    }
+};
+
+template <>
+struct type_caster<corvane::python::Key> {
+    PYBIND11_TYPE_CASTER(corvane::python::Key, const_name("str"));
+
+    bool load(handle source, bool) {
+        if (PyUnicode_Check(source.ptr()) == 0) return false;
+        // Surrogates become bytes that no text of the library has, since its texts are UTF-8.
+        PyObject* encoded = PyUnicode_AsEncodedString(source.ptr(), "utf-8", "surrogatepass");
+        if (encoded == nullptr) throw error_already_set();
+        value.bytes = reinterpret_steal<pybind11::bytes>(encoded);
+        return true;
     }
 };
 
@@ -109,6 +138,17 @@ struct type_caster<corvane::python::Number<T>> {
     }
     static handle cast(corvane::python::Number<T> number, return_value_policy, handle) {
         return PyLong_FromLongLong(number.value);
+    }
+};
+
+template <>
+struct type_caster<corvane::python::Position> {
+    PYBIND11_TYPE_CASTER(corvane::python::Position, const_name("float"));
+
+    bool load(handle source, bool) {
+        if (!corvane::python::isNumber(source)) return false;
+        value = corvane::python::positionOf(source);
+        return true;
     }
 };
 

@@ -7,15 +7,15 @@ namespace corvane::python {
 
 namespace {
 
-// A position (int) or a key (str).
+// A position (int or float) or a key (str).
 std::shared_ptr<Genre> item(const Genres& genres, const py::object& key) {
-    if (py::isinstance<py::str>(key)) return genres.Item(Variant(argumentOf<Text>(key).utf8));
-    return genres.Item(Variant(argumentOf<Number<std::int32_t>>(key).value));
+    if (py::isinstance<py::str>(key)) return genres.Item(Variant(argumentOf<Key>(key).bytes));
+    return genres.Item(Variant(argumentOf<Position>(key).value));
 }
 
-constexpr const char* kItemDoc =
-    "The entry at a position, an int from 1 to Count, or with a key, the genre number as str (\"0\" to \"147\", "
-    "\"255\"). None when there is none. genres[key] is the same.";
+constexpr const char* kItemDoc = "The entry at a position, a whole number from 1 to Count, or with a key, the genre "
+                                 "number as str (\"0\" to \"147\", "
+                                 "\"255\"). None when there is none. genres[key] is the same.";
 
 } // namespace
 
@@ -32,11 +32,10 @@ void bindGenres(py::module_& corvane) {
             "__iter__", [](const Genres& genres) { return py::make_iterator(genres.begin(), genres.end()); },
             py::keep_alive<0, 1>(), "The entries in order.")
         .def(
-            "getGenreByID", [](const Genres& genres, const Text& key) { return genres.getGenreByID(key.utf8); },
+            "getGenreByID", [](const Genres& genres, const Key& key) { return genres.getGenreByID(key.bytes); },
             "FieldID"_a, "The entry whose key is FieldID (\"0\" to \"147\", \"255\"); None when there is none.")
         .def(
-            "getGenreByIndex",
-            [](const Genres& genres, Number<std::int32_t> index) { return genres.getGenreByIndex(index.value); },
+            "getGenreByIndex", [](const Genres& genres, Position index) { return genres.getGenreByIndex(index.value); },
             "Index"_a, "The entry at a position from 1 to Count; None for any other.");
 }
 

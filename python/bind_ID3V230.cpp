@@ -93,8 +93,8 @@ void bindID3V230(py::module_& corvane) {
         "JPEG, PNG, GIF or BMP.");
     tag.def(
         "FrameValue",
-        [](const Tag& object, ID3_FrameID frame, const Text& descriptor) {
-            return objectOf(object.FrameValue(frame, descriptor.utf8));
+        [](const Tag& object, ID3_FrameID frame, const Key& descriptor) {
+            return objectOf(object.FrameValue(frame, descriptor.bytes));
         },
         "eFrameID"_a, "Descriptor"_a = Text{},
         "The value of the first record with this frame number and exactly this description: None, int, str or "

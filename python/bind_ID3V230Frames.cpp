@@ -7,9 +7,7 @@ namespace corvane::python {
 
 namespace {
 
-std::shared_ptr<ID3V230Frame> item(const ID3V230Frames& frames, Number<std::int32_t> index) {
-    return frames.Item(index.value);
-}
+std::shared_ptr<ID3V230Frame> item(const ID3V230Frames& frames, Position index) { return frames.Item(index.value); }
 
 constexpr const char* kItemDoc =
     "The record at a position from 1 to Count, None for any other. frames[position] is the same.";

@@ -19,12 +19,12 @@ void bindTexts(Class<LyricsTag>& tag) {
 void bindFields(Class<LyricsTag>& tag) {
     tag.def_property_readonly("FieldCount", &LyricsTag::FieldCount, "Number of fields; v1.00 has none.")
         .def(
-            "getFieldByID", [](const LyricsTag& object, const Text& id) { return object.getFieldByID(id.utf8); },
+            "getFieldByID", [](const LyricsTag& object, const Key& id) { return object.getFieldByID(id.bytes); },
             "FieldID"_a, "The field of an ID (upper and lower case differ), or None.")
         .def(
             "getFieldByIndex",
-            [](const LyricsTag& object, Number<std::int32_t> index) { return object.getFieldByIndex(index.value); },
-            "Index"_a, "The field at a position from 1 to FieldCount, or None.");
+            [](const LyricsTag& object, Position index) { return object.getFieldByIndex(index.value); }, "Index"_a,
+            "The field at a position from 1 to FieldCount, or None.");
 }
 
 } // namespace

@@ -4,6 +4,16 @@ import pytest
 import corvane
 
 
+def numpy_like(number):
+    """A whole number of a type of its own."""
+
+    class Whole:
+        def __index__(self):
+            return number
+
+    return Whole()
+
+
 def test_count_is_149():
     genres = corvane.Genres()
     assert genres.Count == len(genres) == 149
@@ -25,19 +35,28 @@ def test_an_entry_is_found_by_its_key(key, name):
     assert genres.getGenreByID(key).Description == genres.Item(key).Description == genres[key].Description == name
 
 
-@pytest.mark.parametrize("key", ["148", "254", "", "017", " 17", "Rock"])
+@pytest.mark.parametrize("key", ["148", "254", "", "017", " 17", "Rock", "17\0", "\ud800", "17\udc80"])
 def test_a_text_that_is_no_key_gives_nothing(key):
     genres = corvane.Genres()
     assert genres.getGenreByID(key) is None and genres.Item(key) is None and genres[key] is None
 
 
-@pytest.mark.parametrize("position", [0, -1, 150, 2**31 - 1])
+@pytest.mark.parametrize("position", [0, -1, 150, 2**31 - 1, 2**31, -2**31 - 1, 2**40, -2**70, 1.5, 0.5, 1e300,
+                                      float("nan"), float("inf")])
 def test_a_position_out_of_range_gives_nothing(position):
     genres = corvane.Genres()
     assert genres.getGenreByIndex(position) is None and genres.Item(position) is None and genres[position] is None
 
 
-@pytest.mark.parametrize("key", [1.5, None, b"17"])
+@pytest.mark.parametrize("position", [18.0, True, numpy_like(18)])
+def test_any_number_that_is_whole_is_a_position(position):
+    genres = corvane.Genres()
+    expected = genres.getGenreByIndex(int(position))
+    assert expected is not None
+    assert genres.getGenreByIndex(position) is genres.Item(position) is genres[position] is expected
+
+
+@pytest.mark.parametrize("key", [None, b"17", 1j])
 def test_a_key_that_is_neither_number_nor_text_is_a_type_error(key):
     with pytest.raises(TypeError):
         corvane.Genres()[key]

@@ -55,6 +55,7 @@ def test_frame_value_takes_a_number_and_an_optional_description():
     assert tag.FrameValue(36) == "T"
     assert tag.FrameValue(ID3_FrameID.ID3FID_YEAR) == 1999
     assert tag.FrameValue(ID3_FrameID.ID3FID_COMMENT) is None
+    assert tag.FrameValue(ID3_FrameID.ID3FID_COMMENT, "\ud800") is None
     assert tag.FrameValue(eFrameID=ID3_FrameID.ID3FID_COMMENT, Descriptor="MusicMatch_Mood") == "calm"
     assert tag.FrameValue(ID3_FrameID.ID3FID_PICTURE).bytes == PNG
 
@@ -120,6 +121,14 @@ def test_delete_only_marks():
     tag.Title = "T"
     assert tag.Frames[1].Delete() is None
     assert tag.Frames[1].Deleted and len(tag.Frames) == 1
+
+
+def test_a_position_that_no_record_has_gives_nothing():
+    tag = corvane.ID3V230()
+    tag.Title = "T"
+    for position in (0, 2, 2**31, 2**40, -2**70, 1.5):
+        assert tag.Frames.Item(position) is None and tag.Frames[position] is None
+    assert tag.Frames.Item(1.0) is tag.Frames[1]
 
 
 def test_a_picture_as_value_is_the_picture():

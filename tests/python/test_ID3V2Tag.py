@@ -107,7 +107,11 @@ def test_frames_of_version_3(tag):
     names = reader.FrameList.split(";")[:-1]
     frames = [reader.GetFrameByIndex(position) for position in range(1, reader.FrameCount + 1)]
     assert [frame.ID for frame in frames] == names
-    assert reader.GetFrameByID("XXXX") is None and reader.GetFrameByIndex(0) is None
+    for name in ("XXXX", "", "\ud800", "TIT2\udc80"):
+        assert reader.GetFrameByID(name) is None and reader.GetText(name) == ""
+    for position in (0, 2**31, 2**40, -2**70, 1.5):
+        assert reader.GetFrameByIndex(position) is None
+    assert reader.GetFrameByIndex(1.0).ID == reader.GetFrameByIndex(1).ID
     assert reader.GetText("TIT2") == "Title"
     picture = reader.GetFrameByID("APIC")
     assert picture.IsPicture and not picture.IsTitle

@@ -45,9 +45,14 @@ def test_a_field_knows_what_it_is(loaded):
 
 
 def test_an_id_is_looked_up_exactly(loaded):
-    assert loaded.getFieldByID("lyr") is None
-    for position in (0, -1, 7):
+    for identity in ("lyr", "", "LYR\0", "\ud800", "LY\udc80"):
+        assert loaded.getFieldByID(identity) is None
+
+
+def test_a_position_that_no_field_has_gives_nothing(loaded):
+    for position in (0, -1, 7, 2**31, 2**40, -2**70, 1.5, float("nan")):
         assert loaded.getFieldByIndex(position) is None
+    assert loaded.getFieldByIndex(2.0).ID == "EAL"
 
 
 def test_a_field_outlives_its_tag(open_mp3):
