@@ -132,7 +132,7 @@ def members_in_header(name):
     body = re.search(rf"^(?:class|struct) (?:CORVANE_EXPORT )?{name}\b[^;{{]*{{(.*?)^}};", source, re.M | re.S)[1]
     body = re.sub(r"^private:.*", "", body, flags=re.M | re.S)
     names = set(re.findall(r"^    (?:virtual |static |inline )*(?!using|return|friend)[\w:<>,]+[\w:<>, ]*[ &*]+(\w+)\(", body, re.M))
-    names |= set(re.findall(r"^    (?!class )[\w:]+ (\w+)(?: = \S+)?;", body, re.M))
+    names |= set(re.findall(r"^    (?!class |using )[\w:]+ (\w+)(?: = \S+)?;", body, re.M))
     return names - {name}
 
 
