@@ -2,14 +2,21 @@
 
 #include "corvane/controls/Id3v2Values.h"
 #include "corvane/core/FileHandler.h"
+#include "corvane/core/FileStart.h"
 #include "corvane/id3v1/ID3V1Tag.h"
 #include "corvane/id3v1/Id3v1Record.h"
 #include "corvane/id3v2/ID3V2Tag.h"
+#include "corvane/id3v2/ReadableTag.h"
 #include "corvane/id3v2/StoredGenre.h"
+#include "corvane/id3v2/TagLoad.h"
+#include "corvane/id3v230/TagImage.h"
+#include "corvane/platform/FileReader.h"
 
 #include "apps/cli/LibraryFailure.h"
 
+#include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace corvane::editor {
 
@@ -48,6 +55,28 @@ TagValues valuesOf(const ID3V1Tag& tag) {
     return values;
 }
 
+// The frames are read once more, by the library's own parser: the tag object may be one that is to be changed.
+std::optional<ReadableTag> publishedReading(const std::string& path) {
+    FileReader file(path);
+    const FileStart start = startOf(file);
+    if (!start.tag) return std::nullopt;
+    const auto frames = loadFrames({file, path, static_cast<std::int64_t>(file.size()), 1, *start.tag});
+    return frames ? readableTag(*frames) : readableTag(wholeFrames(TagImage::read(file, path)));
+}
+
+std::vector<OtherReading> otherReadings(const TagValues& tag, const std::string& path) {
+    auto reading = publishedReading(path);
+    if (!reading) return {};
+    std::array<std::string*, kCommonFieldCount> texts{&reading->title,  &reading->artist, &reading->album,
+                                                      &reading->year,   &reading->track,  &reading->genre,
+                                                      &reading->comment};
+    std::vector<OtherReading> others;
+    for (std::size_t at = 0; at < texts.size(); ++at) {
+        if (*texts[at] != tag.texts[at]) others.push_back({fieldAt(at), tag.texts[at], std::move(*texts[at])});
+    }
+    return others;
+}
+
 } // namespace
 
 FileTags readTags(const std::string& path) {
@@ -59,8 +88,19 @@ FileTags readTags(const std::string& path) {
 FileTags tagsOf(FileHandler& file) {
     FileTags tags;
     if (file.HasID3V1Tag()) tags.v1 = valuesOf(*file.ID3v1xTag());
-    if (file.HasID3V2Tag()) tags.v2 = valuesOf(*file.ID3V2Tag());
+    if (file.HasID3V2Tag()) {
+        tags.v2 = valuesOf(*file.ID3V2Tag());
+        tags.v2.otherReadings = otherReadings(tags.v2, file.FileName());
+    }
     return tags;
+}
+
+const std::string& publishedText(const TagValues& tag, Field field) {
+    const auto isOfText = [&](const OtherReading& reading) {
+        return reading.field == field && reading.asHosts == tag[field];
+    };
+    const auto found = std::find_if(tag.otherReadings.begin(), tag.otherReadings.end(), isOfText);
+    return found == tag.otherReadings.end() ? tag[field] : found->published;
 }
 
 TagValues valuesOf(ID3V2Tag& tag) {

@@ -9,6 +9,8 @@
 #include "apps/cli/Id3v1Edit.h"
 #include "apps/cli/TagValues.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace corvane::editor {
@@ -24,6 +26,25 @@ std::string textForV1(Field field, const std::string& text) {
     return field == Field::Genre ? id3v1Genre(text) : text;
 }
 
+// The genre of several that ID3v1 has a number for, the first one.
+std::string id3v1GenreOfSeveral(std::string_view genres) {
+    constexpr std::string_view kSeparator = "; ";
+    while (!genres.empty()) {
+        const std::size_t end = std::min(genres.find(kSeparator), genres.size());
+        const std::string number = id3v1Genre(std::string(genres.substr(0, end)));
+        if (!number.empty()) return number;
+        genres.remove_prefix(std::min(end + kSeparator.size(), genres.size()));
+    }
+    return {};
+}
+
+// A text of an ID3v2 tag as people read it, for a record.
+std::string readForV1(const TagValues& tag, Field field) {
+    if (!tag.present) return {};
+    std::string text = textForV1(field, field == Field::Genre ? tag[field] : publishedText(tag, field));
+    return field == Field::Genre && text.empty() ? id3v1GenreOfSeveral(publishedText(tag, field)) : text;
+}
+
 std::string textForV2(Field field, const std::string& text) { return field == Field::Genre ? storedGenre(text) : text; }
 
 } // namespace
@@ -36,11 +57,16 @@ std::string id3v1Track(const std::string& track) { return numberText(cli::parseT
 
 namespace {
 
+using ReadForV1 = std::string (*)(const TagValues& tag, Field field);
+
+// As the hosts of the library read it.
+std::string hostsTextForV1(const TagValues& tag, Field field) {
+    return textForV1(field, tag.present ? tag[field] : std::string());
+}
+
 // What an ID3v1 record of the file's kind keeps of the ID3v2 values: the beginning of a long text, no total of tracks.
-TagValues keptInRecord(const FileTags& tags) {
-    const auto inV1 = [&tags](Field field) {
-        return textForV1(field, tags.v2.present ? tags.v2[field] : std::string());
-    };
+TagValues keptInRecord(const FileTags& tags, ReadForV1 read) {
+    const auto inV1 = [&](Field field) { return read(tags.v2, field); };
     ID3V1Tag tag;
     tag.Title(inV1(Field::Title));
     tag.Artist(inV1(Field::Artist));
@@ -81,11 +107,12 @@ FileTags withPicture(FileTags tags, const std::shared_ptr<Picture>& picture) {
 
 FileTags withCopyToV2(FileTags tags) {
     if (!tags.v1.present) return tags;
-    const TagValues kept = keptInRecord(tags);
+    const TagValues kept = keptInRecord(tags, readForV1), keptForHosts = keptInRecord(tags, hostsTextForV1);
     tags.v2.present = true;
     for (std::size_t at = 0; at < kCommonFieldCount; ++at) {
         const std::string& text = tags.v1.texts[at];
-        if (!text.empty() && text != kept.texts[at]) tags.v2.texts[at] = textForV2(fieldAt(at), text);
+        const bool isKept = text == kept.texts[at] || text == keptForHosts.texts[at];
+        if (!text.empty() && !isKept) tags.v2.texts[at] = textForV2(fieldAt(at), text);
     }
     return tags;
 }
@@ -94,7 +121,7 @@ FileTags withCopyToV1(FileTags tags) {
     if (!tags.v2.present) return tags;
     tags.v1.present = true;
     for (std::size_t at = 0; at < kCommonFieldCount; ++at) {
-        const std::string text = textForV1(fieldAt(at), tags.v2.texts[at]);
+        const std::string text = readForV1(tags.v2, fieldAt(at));
         if (!text.empty()) tags.v1.texts[at] = text;
     }
     return tags;

@@ -4,11 +4,13 @@
 
 #include "apps/editor/PendingSummary.h"
 #include "tests/controls/Registry.h"
+#include "tests/editor/EditorFiles.h"
 #include "tests/support/ImageBuilder.h"
 
 #include <QtTest>
 
 using namespace corvane::editor;
+using namespace corvane::test;
 using corvane::controls::BatchString;
 
 namespace {
@@ -149,6 +151,53 @@ private Q_SLOTS:
         QCOMPARE(tags.v1[Field::Genre], std::string("17"));
         QCOMPARE(tags.v1[Field::Track], std::string("3"));
         QCOMPARE(withCopyToV1(FileTags()), FileTags());
+    }
+
+    void CopyToId3v1TakesTheReadingOfTheStandard_data() {
+        QTest::addColumn<unsigned>("version");
+        QTest::addColumn<Encoding>("encoding");
+        QTest::newRow("2.4 UTF-8") << 4U << Encoding::Utf8;
+        QTest::newRow("2.4 UTF-16 without a mark") << 4U << Encoding::Utf16BigEndian;
+        QTest::newRow("2.4 UTF-16") << 4U << Encoding::Utf16;
+        QTest::newRow("2.3 UTF-16") << 3U << Encoding::Utf16;
+        QTest::newRow("2.3 UTF-8, which it does not have") << 3U << Encoding::Utf8;
+    }
+    void CopyToId3v1TakesTheReadingOfTheStandard() {
+        QFETCH(unsigned, version);
+        QFETCH(Encoding, encoding);
+        const ScratchFolder folder;
+        Id3v2Builder tag(version);
+        tag.text("TIT2", "\u00c6r\u00f8", encoding).text("TPE1", "M\u00f6tley", encoding);
+        tag.text("TALB", "\u00dcn\u00efcode", encoding).text(version == 4 ? "TDRC" : "TYER", "1999", encoding);
+        tag.text("TRCK", "3/12", encoding).text("TCON", "Rock", encoding);
+        tag.frame("COMM", commentFrame("iTunNORM", " 000003E8", encoding));
+        tag.frame("COMM", commentFrame("", "Caf\u00e9", encoding));
+        const TagValues copied =
+            withCopyToV1(readTags(Mp3File(folder, tag.done(), Mp3File::audio(), "a.mp3").path())).v1;
+        QCOMPARE(copied[Field::Title], std::string("\u00c6r\u00f8"));
+        QCOMPARE(copied[Field::Artist], std::string("M\u00f6tley"));
+        QCOMPARE(copied[Field::Album], std::string("\u00dcn\u00efcode"));
+        QCOMPARE(copied[Field::Year], std::string("1999"));
+        QCOMPARE(copied[Field::Track], std::string("3"));
+        QCOMPARE(copied[Field::Genre], std::string("17"));
+        QCOMPARE(copied[Field::Comment], std::string("Caf\u00e9"));
+    }
+
+    void CopyToId3v1TakesTheFirstOfSeveralGenresThatItHas() {
+        const ScratchFolder folder;
+        Id3v2Builder tag(4);
+        tag.frame("TCON", valuesFrame({"Spectral whispering", "Blues", "Rock"}, Encoding::Utf16BigEndian));
+        const FileTags tags = readTags(Mp3File(folder, tag.done(), Mp3File::audio(), "a.mp3").path());
+        QCOMPARE(withCopyToV1(tags).v1[Field::Genre], std::string("0"));
+    }
+
+    void CopyToId3v1TakesWhatTheUserHasPutThere() {
+        const ScratchFolder folder;
+        Id3v2Builder tag(3);
+        tag.text("TIT2", "\u00c6r\u00f8", Encoding::Utf8);
+        FileTags tags = readTags(Mp3File(folder, tag.done(), Mp3File::audio(), "a.mp3").path());
+        tags.v2[Field::Title] = "Typed";
+        QCOMPARE(withCopyToV1(tags).v1[Field::Title], std::string("Typed"));
     }
 
     void CaseIsConvertedInTheChosenFieldsOnly() {
