@@ -6,6 +6,7 @@
 #include "corvane/id3v2/StoredGenre.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/ID3_TagType.h"
+#include "corvane/platform/FileReplacement.h"
 
 #include "apps/cli/Id3v1Change.h"
 #include "apps/cli/Id3v2Edit.h"
@@ -13,9 +14,11 @@
 #include "apps/cli/LibraryFailure.h"
 #include "apps/editor/TagsMerge.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace corvane::editor {
@@ -125,6 +128,21 @@ void refuseConflicts(const FileTags& inFile, const FileTags& wanted, const FileT
                       ". Nothing is saved; save once more to replace it");
 }
 
+bool isWritten(const ChangedTag& tag) { return tag.write != nullptr; }
+
+// Only an ID3v1 record is written in place. Everything else makes a new file, for which the folder has to be writable.
+bool needsNewFile(const ChangedTag& tag) {
+    const bool isRecord = std::string_view(tag.word) == "v1";
+    return isWritten(tag) && (!isRecord || tag.fate == Fate::Removed);
+}
+
+// Found out before the first byte is written, so that a preview says it and no tag is saved without the other.
+void requireWritable(const std::string& path, const ChangeReport& plan) {
+    if (!plan.changesFile()) return;
+    const FileReplacement replacement(path);
+    if (std::any_of(plan.tags.begin(), plan.tags.end(), needsNewFile)) replacement.requireReplaceable();
+}
+
 } // namespace
 
 cli::ChangeReport planFor(const std::string& path, const FileTags& inFile, const FileTags& wanted) {
@@ -138,6 +156,7 @@ cli::ChangeReport planFor(const std::string& path, const FileTags& inFile, const
     if (wanted.v2 != inFile.v2) planId3v2(plan, *file, inFile.v2, wanted.v2);
     if (changesV1 && wanted.v1.present) planId3v1(plan, file, inFile.v1, wanted.v1);
     cli::refuseFirstTags(path, plan);
+    requireWritable(path, plan);
     return plan;
 }
 

@@ -8,8 +8,10 @@
 #include "corvane/platform/RuntimeFailure.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <system_error>
 #include <utility>
 
 namespace corvane {
@@ -65,6 +67,22 @@ FileReplacement::FileReplacement(const std::string& path, std::string temporaryE
 
 void FileReplacement::requireUnchanged(const FileIdentity& known) const {
     if (!hasSameContent(known, identity_)) throw changedFailure();
+}
+
+// In a folder with the sticky bit a file gives its place only to its owner or the folder's.
+bool FileReplacement::isHeldBySticky() const {
+    const struct stat folder = statusOf(folder_.number());
+    const uid_t user = ::geteuid();
+    const bool isOwner = user == 0 || user == folder.st_uid || user == status_.st_uid;
+    return (folder.st_mode & S_ISVTX) != 0 && !isOwner && status_.st_nlink == 1;
+}
+
+void FileReplacement::requireReplaceable() const {
+    const bool isWritable = ::faccessat(folder_.number(), ".", W_OK | X_OK, AT_EACCESS) == 0;
+    const int problem = isWritable ? (isHeldBySticky() ? EPERM : 0) : errno;
+    if (problem == 0) return;
+    throw RuntimeFailure(problem, kSource,
+                         "The folder of the file cannot be written: " + std::generic_category().message(problem));
 }
 
 void FileReplacement::begin() {

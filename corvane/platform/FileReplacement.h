@@ -50,6 +50,9 @@ public:
     // Fails when the file is not the one, or not in the state, in which it was when `known` was taken. For callers who
     // have read it before and compose the new content from what they know.
     void requireUnchanged(const FileIdentity& known) const;
+    // Fails when the folder takes no new file in the place of the old one; nothing is written to find that out. The
+    // other operations fail there too, but only on the way.
+    void requireReplaceable() const;
     // The new content keeps the old modification time.
     void keepModificationTime() { keepsModificationTime_ = true; }
 
@@ -71,6 +74,7 @@ public:
 
 private:
     void requireSameState() const;
+    bool isHeldBySticky() const;
     void prepare();
     void putInPlace();
     void fillInPlace();

@@ -276,6 +276,59 @@ private Q_SLOTS:
         QCOMPARE(readTags(file.path()).v1[Field::Artist], std::string("Text"));
     }
 
+    void WhatCannotBeWrittenIsFoundOutBeforehand_data() {
+        QTest::addColumn<int>("fileMode");
+        QTest::addColumn<int>("folderMode");
+        QTest::addColumn<ToolOfTest>("change");
+        QTest::addColumn<QString>("failure"); // "" for a save that succeeds
+        const ToolOfTest title = [](FileTags tags) {
+            tags.v2[Field::Title] = "New";
+            return tags;
+        };
+        const ToolOfTest record = [](FileTags tags) {
+            tags.v1[Field::Title] = "New";
+            return tags;
+        };
+        const ToolOfTest titleWithoutRecord = [title](FileTags tags) { return title(withoutV1(std::move(tags))); };
+        const QString ofFile = "Permission denied", ofFolder = "The folder of the file cannot be written: " + ofFile;
+        QTest::newRow("tag, both writable") << 0644 << 0755 << title << "";
+        QTest::newRow("tag, file") << 0444 << 0755 << title << ofFile;
+        QTest::newRow("record, file") << 0444 << 0755 << record << ofFile;
+        QTest::newRow("removals, file") << 0444 << 0755 << ToolOfTest(withoutV2) << ofFile;
+        QTest::newRow("tag, folder") << 0644 << 0555 << title << ofFolder;
+        QTest::newRow("record, folder, which it does not need") << 0644 << 0555 << record << "";
+        QTest::newRow("removed tag, folder") << 0644 << 0555 << ToolOfTest(withoutV2) << ofFolder;
+        QTest::newRow("removed record, folder") << 0644 << 0555 << ToolOfTest(withoutV1) << ofFolder;
+        QTest::newRow("record and tag, folder") << 0644 << 0555 << titleWithoutRecord << ofFolder;
+        QTest::newRow("nothing to write, file")
+            << 0444 << 0555 << ToolOfTest([](const FileTags& tags) { return tags; }) << "";
+    }
+    void WhatCannotBeWrittenIsFoundOutBeforehand() {
+        QFETCH(int, fileMode);
+        QFETCH(int, folderMode);
+        QFETCH(ToolOfTest, change);
+        QFETCH(QString, failure);
+        if (!isRoot()) QSKIP("needs another user");
+        const ScratchFolder folder;
+        const Mp3File file = taggedFile(folder, "a.mp3", "Old");
+        QVERIFY(::chown(file.path().c_str(), kNobody, kNobody) == 0);
+        QVERIFY(::chown(folder.path().c_str(), kNobody, kNobody) == 0);
+        QVERIFY(::chmod(file.path().c_str(), static_cast<mode_t>(fileMode)) == 0);
+        QVERIFY(::chmod(folder.path().c_str(), static_cast<mode_t>(folderMode)) == 0);
+        const FileToSave save = toSave(file.path(), change);
+        const auto isFailureOf = [&](Mode mode) {
+            const std::string found = saveFile(save, mode).failure;
+            if (found != failure.toStdString()) std::fprintf(stderr, "found: %s\n", found.c_str());
+            return found == failure.toStdString();
+        };
+        QCOMPARE(asNobody([&] { return isFailureOf(Mode::Preview) ? 0 : 1; }), 0);
+        QVERIFY(file.isUnchanged());
+        QCOMPARE(asNobody([&] { return isFailureOf(Mode::Save) ? 0 : 1; }), 0);
+        if (!failure.isEmpty()) QVERIFY(file.isUnchanged());
+        QCOMPARE(folder.names(), std::vector<std::string>{"a.mp3"});
+        QVERIFY(audioIsUntouchedIn(file));
+    }
+
     void FileThatFailsIsNamedAndTheOthersAreSaved() {
         const ScratchFolder folder;
         const Mp3File first = taggedFile(folder, "a.mp3", "Old"), second = taggedFile(folder, "b.mp3", "Old"),

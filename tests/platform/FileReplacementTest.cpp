@@ -284,6 +284,28 @@ TEST(FileReplacement, AFileOrFolderThatTheUserMayNotWriteIsLeftAlone) {
     EXPECT_EQ(folder.names(), Names{"f"});
 }
 
+TEST(FileReplacement, AFolderThatTakesNoNewFileIsFoundOutWithoutWriting) {
+    if (!test::isRoot()) GTEST_SKIP() << "only root can become somebody else";
+    struct Case {
+        mode_t folder;
+        uid_t owner; // of the file
+        int expected;
+    };
+    for (const Case& tried : {Case{0777, 0, 0}, Case{0755, test::kNobody, EACCES}, Case{01777, 0, EPERM},
+                              Case{01777, test::kNobody, 0}, Case{0766, test::kNobody, EACCES}}) {
+        const ScratchFolder folder;
+        const std::string path = folder.write("f", bytesOf("0123"));
+        ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+        ASSERT_EQ(::chown(path.c_str(), tried.owner, tried.owner), 0);
+        ASSERT_EQ(::chmod(folder.path().c_str(), tried.folder), 0);
+        const auto found =
+            test::asNobody([&] { return failureNumberOf([&] { FileReplacement(path).requireReplaceable(); }); });
+        const auto happens = test::asNobody([&] { return failureNumberOf([&] { replaceWithHead(path); }); });
+        EXPECT_EQ(found, tried.expected) << std::oct << tried.folder << " owner " << tried.owner;
+        EXPECT_EQ(happens, tried.expected) << "what is found out is what happens";
+    }
+}
+
 TEST(FileReplacement, AFolderThatCannotBeListedCanStillBeWorkedIn) {
     if (!test::isRoot()) GTEST_SKIP() << "only root can become somebody else";
     const ScratchFolder folder;
