@@ -1,6 +1,8 @@
 #include "corvane/controls/Id3v2Form.h"
 
 #include "corvane/controls/EditBox.h"
+#include "corvane/controls/FieldColour.h"
+#include "corvane/controls/PaletteWatch.h"
 
 #include <QHBoxLayout>
 #include <QRegularExpressionValidator>
@@ -45,6 +47,7 @@ Id3v2Form::Id3v2Form(QWidget& editor) : grid_(new QGridLayout(&editor)) {
     layOutTop();
     arrange(EID3v2Apperance::v2aDefault);
     orderTabs();
+    paletteWatch_ = std::make_unique<PaletteWatch>(editor, [this] { paintFields(); });
 }
 
 void Id3v2Form::makeBoxes() {
@@ -153,11 +156,20 @@ void Id3v2Form::setFieldsEnabled(bool enabled) {
 
 void Id3v2Form::setFieldsLocked(bool locked) {
     locked_ = locked;
-    for (std::size_t at = 0; at < boxes.size(); ++at) lock(at);
+    paintFields();
     cmbGenre->setLocked(locked);
 }
 
-void Id3v2Form::lock(std::size_t at) { boxes[at]->setProperty("readOnly", locked_ || cut_[at]); }
+// What cannot be edited looks like it.
+void Id3v2Form::lock(std::size_t at) {
+    const bool isLocked = locked_ || cut_[at];
+    boxes[at]->setProperty("readOnly", isLocked);
+    setShade(*boxes[at], isLocked ? Shade::ButtonFace : Shade::Window);
+}
+
+void Id3v2Form::paintFields() {
+    for (std::size_t at = 0; at < boxes.size(); ++at) lock(at);
+}
 
 void Id3v2Form::tell(const QString& notice) const {
     lblNotice->setText(notice);

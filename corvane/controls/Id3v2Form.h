@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <array>
+#include <memory>
 
 namespace corvane::controls {
 
@@ -59,8 +60,10 @@ private:
     QLabel* label(const QString& text, QWidget& field) const;
     void orderTabs() const;
     void lock(std::size_t at);
+    void paintFields();
 
     QGridLayout* grid_;
+    std::unique_ptr<QObject> paletteWatch_;
     bool locked_ = false;
     std::array<bool, kId3v2Texts.size()> cut_{}; // by box: it shows only the beginning of its text
 };
