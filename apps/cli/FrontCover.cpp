@@ -75,6 +75,13 @@ void replace(ID3V230& tag, ID3V230Frame& record, const std::shared_ptr<Picture>&
 
 } // namespace
 
+std::optional<std::shared_ptr<Picture>> frontCover(const ID3V230& tag) {
+    const RecordPointer record = findFrontCover(tag);
+    if (!record) return std::shared_ptr<Picture>();
+    auto picture = record->Picture();
+    return picture ? std::optional(std::move(picture)) : std::nullopt;
+}
+
 std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
     const RecordPointer record = findFrontCover(tag);
     if (!record && !picture) return std::nullopt;

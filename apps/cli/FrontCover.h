@@ -11,6 +11,9 @@
 
 namespace corvane::cli {
 
+// The front cover, see below; nullptr where there is none, nothing where it is no image that the library knows.
+std::optional<std::shared_ptr<Picture>> frontCover(const ID3V230& tag);
+
 // Puts the picture in the place of the front cover, or takes that out where there is no picture. Nothing when the tag
 // has these very bytes there already.
 //

@@ -6,7 +6,22 @@
 namespace corvane::editor {
 
 EditCommand::EditCommand(EditSession& session, const QString& text, TagsChanges changes, QString key)
-    : QUndoCommand(text), session_(session), changes_(std::move(changes)), key_(std::move(key)) {}
+    : QUndoCommand(text), session_(session), changes_(std::move(changes)), key_(std::move(key)) {
+    session_.commands_.insert(this);
+}
+
+EditCommand::~EditCommand() { session_.commands_.erase(this); }
+
+void EditCommand::rebase(const Rebase& rebase) {
+    for (TagsChange& step : changes_) {
+        step.before = rebase(step.path, step.before);
+        step.after = rebase(step.path, step.after);
+    }
+}
+
+void EditCommand::forget(const std::unordered_set<std::string>& paths) {
+    std::erase_if(changes_, [&](const TagsChange& step) { return paths.contains(step.path); });
+}
 
 void EditCommand::undo() { session_.apply(changes_, &TagsChange::before); }
 

@@ -4,6 +4,9 @@
 #include "apps/editor/EditSession.h"
 
 #include <QUndoCommand>
+#include <functional>
+#include <string>
+#include <unordered_set>
 
 namespace corvane::editor {
 
@@ -11,6 +14,13 @@ class EditCommand : public QUndoCommand {
 public:
     // The key joins steps that follow each other, see EditSession::edit.
     EditCommand(EditSession& session, const QString& text, TagsChanges changes, QString key);
+    ~EditCommand() override;
+
+    // Replaces the tags that the step has for its files.
+    using Rebase = std::function<TagsPointer(const std::string& path, const TagsPointer& tags)>;
+    void rebase(const Rebase& rebase);
+    // Leaves files out of the step.
+    void forget(const std::unordered_set<std::string>& paths);
 
     void undo() override;
     void redo() override;

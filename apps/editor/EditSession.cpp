@@ -1,9 +1,6 @@
 #include "apps/editor/EditSession.h"
 
 #include "apps/editor/EditCommand.h"
-#include "apps/editor/TagsMerge.h"
-
-#include <QScopedValueRollback>
 
 namespace corvane::editor {
 
@@ -29,38 +26,47 @@ EditSession::EditSession(QObject* parent) : QObject(parent) { undoStack_.setUndo
 
 void EditSession::learn(const std::string& path, FileTags tags) {
     if (isChanged(path)) return;
-    // Steps hold whole tags: one made before would bring values back that somebody else has changed since.
-    if (const auto before = inFile(path); before && *before != tags) dropSteps();
+    if (const auto before = inFile(path); before && *before != tags) {
+        const FileOutcome outcome{.path = path, .now = tags};
+        rebaseSteps({{path, &outcome}});
+    }
     const auto shared = std::make_shared<const FileTags>(std::move(tags));
     files_[path] = {shared, shared};
 }
 
-void EditSession::learnAgain(const std::vector<std::pair<std::string, FileTags>>& tagsNow) {
+void EditSession::learnAgain(const std::vector<FileOutcome>& outcomes) {
     const bool before = hasChanges();
+    Outcomes known;
+    for (const FileOutcome& outcome : outcomes) {
+        if (knows(outcome.path)) known.emplace(outcome.path, &outcome);
+    }
+    rebaseSteps(known);
     std::vector<std::string> paths;
-    for (const auto& [path, tags] : tagsNow) {
-        const auto found = files_.find(path);
+    for (const FileOutcome& outcome : outcomes) {
+        const auto found = files_.find(outcome.path);
         if (found == files_.end()) continue;
         File& file = found->second;
-        FileTags merged = rebased(*file.inFile, *file.wanted, tags);
-        file.inFile = std::make_shared<const FileTags>(tags);
-        file.wanted = merged == tags ? file.inFile : std::make_shared<const FileTags>(std::move(merged));
-        note(path, file);
-        paths.push_back(path);
+        FileTags wanted = rebasedStep(*file.wanted, *file.inFile, *file.wanted, outcome);
+        file.inFile = std::make_shared<const FileTags>(outcome.now);
+        file.wanted = wanted == outcome.now ? file.inFile : std::make_shared<const FileTags>(std::move(wanted));
+        note(outcome.path, file);
+        paths.push_back(outcome.path);
     }
     if (paths.empty()) return;
-    dropSteps(); // as in learn
     Q_EMIT changed(paths);
     tellDirty(before);
 }
 
-// While a step is under way the stack still needs it: a file that is shown because of it may turn out to be another.
-void EditSession::dropSteps() {
-    if (isApplying_) {
-        QMetaObject::invokeMethod(&undoStack_, &QUndoStack::clear, Qt::QueuedConnection);
-    } else {
-        undoStack_.clear();
-    }
+// Before the files themselves are changed.
+void EditSession::rebaseSteps(const Outcomes& outcomes) {
+    const auto rebase = [&](const std::string& path, const TagsPointer& step) {
+        const auto outcome = outcomes.find(path);
+        if (outcome == outcomes.end()) return step;
+        const File& file = files_.at(path);
+        FileTags made = rebasedStep(*step, *file.inFile, *file.wanted, *outcome->second);
+        return made == *step ? step : std::make_shared<const FileTags>(std::move(made));
+    };
+    for (EditCommand* command : commands_) command->rebase(rebase);
 }
 
 TagsPointer EditSession::inFile(const std::string& path) const {
@@ -105,11 +111,12 @@ void EditSession::revert(const std::vector<std::string>& paths) {
 
 void EditSession::forget(const std::vector<std::string>& paths) {
     const bool before = hasChanges();
-    undoStack_.clear();
     for (const std::string& path : paths) {
         files_.erase(path);
         changed_.erase(path);
     }
+    const std::unordered_set<std::string> forgotten(paths.begin(), paths.end());
+    for (EditCommand* command : commands_) command->forget(forgotten);
     tellDirty(before);
 }
 
@@ -122,7 +129,6 @@ void EditSession::clear() {
 }
 
 void EditSession::apply(const TagsChanges& changes, TagsPointer TagsChange::*state) {
-    const QScopedValueRollback applying(isApplying_, true);
     const bool before = hasChanges();
     std::vector<std::string> paths;
     paths.reserve(changes.size());

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "apps/editor/FileTags.h"
+#include "apps/editor/StepRebase.h"
 
 #include <QObject>
 #include <QString>
@@ -11,6 +12,7 @@
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -25,6 +27,8 @@ struct TagsChange {
 };
 using TagsChanges = std::vector<TagsChange>;
 
+class EditCommand;
+
 class EditSession : public QObject {
     Q_OBJECT
 
@@ -33,12 +37,12 @@ public:
 
     QUndoStack& undoStack() { return undoStack_; }
 
-    // What stands in the file, as somebody has read it. A file that has changes keeps what was read before. When a file
-    // is not what it was, steps cannot be undone or redone any more.
+    // What is in the file, as somebody has read it. A file that has changes keeps what was read before. When a file is
+    // not what it was, its steps leave alone what differs: it is somebody else's.
     void learn(const std::string& path, FileTags tags);
-    // Files have these tags now, but not all that is wanted of them could be saved. Only what the user has changed
-    // stays wanted: the rest may be somebody else's. Steps cannot be undone or redone any more.
-    void learnAgain(const std::vector<std::pair<std::string, FileTags>>& tagsNow);
+    // What a save has made of files. Of one that could not be saved, what the user has changed stays wanted. The steps
+    // stay, see rebasedStep: undoing one makes the earlier values wanted again.
+    void learnAgain(const std::vector<FileOutcome>& outcomes);
     bool knows(const std::string& path) const { return files_.contains(path); }
     // Both are nothing for a file that nobody has learned.
     TagsPointer inFile(const std::string& path) const;
@@ -57,7 +61,7 @@ public:
 
     // Takes the changes of these files back, as a step that can be undone itself.
     void revert(const std::vector<std::string>& paths);
-    // Forgets files with all their changes, and all steps: the files have been saved, or are not edited any more.
+    // Forgets files with all their changes and their part of the steps: they are not edited any more.
     void forget(const std::vector<std::string>& paths);
     void clear();
 
@@ -76,13 +80,14 @@ private:
     void apply(const TagsChanges& changes, TagsPointer TagsChange::*state);
     void note(const std::string& path, const File& file);
     void tellDirty(bool before);
-    void dropSteps();
+    using Outcomes = std::unordered_map<std::string, const FileOutcome*>; // by path
+    void rebaseSteps(const Outcomes& outcomes);
 
     std::unordered_map<std::string, File> files_;
-    std::set<std::string> changed_; // paths of files that are to be other than they are
+    std::set<std::string> changed_;             // paths of files that are to be other than they are
+    std::unordered_set<EditCommand*> commands_; // all that are alive, which are those on the stack
     QUndoStack undoStack_;
     int stepNumber_ = 0;
-    bool isApplying_ = false; // a step is being done or undone
 };
 
 } // namespace corvane::editor

@@ -6,6 +6,8 @@
 #include "apps/editor/BackgroundJob.h"
 #include "apps/editor/EditSession.h"
 #include "apps/editor/FileRow.h"
+#include "apps/editor/OldTag.h"
+#include "apps/editor/StepRebase.h"
 
 #include <QList>
 #include <optional>
@@ -22,10 +24,10 @@ struct FileToSave {
 // What has become, or would become, of one file.
 struct SaveResult {
     std::string path;
-    std::string failure;           // why it failed; "" when it did not
-    cli::ChangeReport plan;        // without the means to carry it out
-    std::optional<FileRow> newRow; // the file as it is now; nothing when nothing was to be written
-    std::optional<FileTags> tags;  // the same, of a file that failed and can be read
+    std::string failure;                // why it failed; "" when it did not
+    cli::ChangeReport plan;             // without the means to carry it out
+    std::optional<FileRow> newRow;      // the file as it is now; nothing when nothing was to be written
+    std::optional<FileOutcome> outcome; // the same for the steps of undo, when the file can be read
 };
 using SaveResults = QList<SaveResult>;
 
@@ -51,7 +53,7 @@ private:
     SaveResults results_; // of the thread while it runs
 };
 
-// One file's part of the work, on the caller's thread.
-SaveResult saveFile(const FileToSave& file, SaveJob::Mode mode);
+// One file's part of the work, on the caller's thread. The keeper is asked for what a step back needs of the old tag.
+SaveResult saveFile(const FileToSave& file, SaveJob::Mode mode, PictureKeeper* keeper = nullptr);
 
 } // namespace corvane::editor

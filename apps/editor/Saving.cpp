@@ -40,26 +40,24 @@ void Saving::showPreview() {
     dialog->open();
 }
 
-// What failed keeps its changes, against what now stands in the file.
+// What failed keeps its changes, against what is in the file now.
 void Saving::takeResults(bool complete) {
     lastReport_ = job_.results();
-    std::vector<std::string> done;
-    std::vector<FileTable::Change> clean;
-    std::vector<std::pair<std::string, FileTags>> failed;
+    std::vector<FileOutcome> outcomes;
+    std::vector<std::string> gone; // saved, and then not to be read
     FileRows rows;
-    for (const SaveResult& result : std::as_const(lastReport_)) {
+    for (SaveResult& result : lastReport_) {
         if (result.newRow) rows.push_back(*result.newRow);
-        if (result.failure.empty()) {
-            done.push_back(result.path);
-            clean.push_back({result.path, std::nullopt});
-        } else if (result.tags) {
-            failed.emplace_back(result.path, *result.tags);
+        if (result.outcome) {
+            outcomes.push_back(*std::exchange(result.outcome, std::nullopt)); // a report does not need the pictures
+        } else if (result.failure.empty()) {
+            gone.push_back(result.path);
         }
     }
     table_.update(rows);
-    table_.showChanges(clean);
-    session_.learnAgain(failed);
-    session_.forget(done);
+    session_.learnAgain(outcomes);
+    session_.forget(gone);
+    for (const std::string& path : gone) table_.showChanges({{path, std::nullopt}});
     const SaveCounts counts = countsOf(lastReport_);
     Q_EMIT saved(complete && counts.failed == 0, summaryOf(lastReport_, SaveJob::Mode::Save));
     if (counts.failed > 0 || counts.warned > 0) showReport();

@@ -6,18 +6,6 @@ namespace corvane::editor {
 
 namespace {
 
-TagValues rebasedTag(const TagValues& before, const TagValues& wanted, const TagValues& now) {
-    TagValues made = now;
-    made.present = before == wanted ? now.present : wanted.present;
-    if (!made.present) return made;
-    for (std::size_t at = 0; at < kFieldCount; ++at) {
-        if (wanted.texts[at] != before.texts[at]) made.texts[at] = wanted.texts[at];
-    }
-    made.cover = wanted.cover;
-    made.picture = wanted.picture;
-    return made;
-}
-
 void addName(std::string& names, const std::string& tag, const char* name) {
     if (!names.empty()) names += ", ";
     names += tag + " " + name;
@@ -36,10 +24,6 @@ void addConflicts(std::string& names, const char* tag, bool isWhole, const TagVa
 }
 
 } // namespace
-
-FileTags rebased(const FileTags& before, const FileTags& wanted, const FileTags& now) {
-    return {rebasedTag(before.v1, wanted.v1, now.v1), rebasedTag(before.v2, wanted.v2, now.v2)};
-}
 
 std::string conflictsIn(const FileTags& before, const FileTags& wanted, const FileTags& now) {
     std::string names;

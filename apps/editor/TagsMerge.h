@@ -7,9 +7,6 @@
 
 namespace corvane::editor {
 
-// The changes that lead from `before` to `wanted`, made to the tags that the file has now.
-FileTags rebased(const FileTags& before, const FileTags& wanted, const FileTags& now);
-
 // What both the user and somebody else have changed, each in another way, as words: "ID3v2 title, ID3v2 genre". "" for
 // nothing.
 std::string conflictsIn(const FileTags& before, const FileTags& wanted, const FileTags& now);

@@ -257,7 +257,7 @@ private Q_SLOTS:
         QVERIFY2(result.failure.find(" read: " + names.toStdString() + ". ") != std::string::npos,
                  result.failure.c_str());
         QCOMPARE(file.content(), before);
-        QCOMPARE(*result.tags, readTags(file.path()));
+        QCOMPARE(result.outcome->now, readTags(file.path()));
     }
 
     void RecordThatSomebodyElseHasAddedSinceIsNotEmptied() {
