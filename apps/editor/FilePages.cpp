@@ -5,10 +5,12 @@
 #include "corvane/lyrics/LyricsTag.h"
 
 #include "apps/editor/ControlValues.h"
+#include "apps/editor/FocusPlace.h"
 
 #include <QCheckBox>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <algorithm>
 
 namespace corvane::editor {
 
@@ -19,6 +21,10 @@ constexpr int kRecordWidth = 80; // letters; a record's texts have 30 characters
 // Carries over what differs between two looks at a control. The name of the last field that does, "" for none.
 QString carryOver(const TagValues& before, const TagValues& now, TagValues& wanted) {
     QString name;
+    if (now.present != before.present) {
+        wanted.present = now.present;
+        name = QStringLiteral("present");
+    }
     for (std::size_t at = 0; at < kFieldCount; ++at) {
         if (now.texts[at] == before.texts[at]) continue;
         wanted.texts[at] = now.texts[at];
@@ -28,10 +34,6 @@ QString carryOver(const TagValues& before, const TagValues& now, TagValues& want
         wanted.picture = now.picture;
         wanted.cover.reset(); // what was chosen last counts
         name = QStringLiteral("picture");
-    }
-    if (now.present != before.present) {
-        wanted.present = now.present;
-        name = QStringLiteral("present");
     }
     return name;
 }
@@ -81,13 +83,15 @@ void FilePages::clear() {
 }
 
 QString FilePages::showFile(const std::string& path, const FileTags* wanted) {
-    clear();
+    // Nothing is emptied before: a field that was disabled on the way would lose the focus.
+    const FocusPlace place = path == path_ ? FocusPlace(*this) : FocusPlace();
     const QScopedValueRollback showing(showing_, true);
     try {
         file_ = std::make_unique<OpenedFile>(path);
         path_ = path;
         setEnabled(true);
         show(wanted ? *wanted : file_->tags());
+        place.restore();
     } catch (const std::exception& failure) {
         clear();
         return controls::toQt(failure.what());
@@ -111,10 +115,27 @@ void FilePages::show(const FileTags& wanted) {
 void FilePages::showId3v2(const TagValues& wanted) {
     shownId3v2_ = file_->id3v2Tag(wanted);
     id3v2_->ID3V2Tag(shownId3v2_);
-    id3v2_->findChild<QCheckBox*>(QStringLiteral("chkID3v2"))->setChecked(wanted.present);
+    checkId3v2(wanted.present);
     seenId3v2_ = valuesOf(*shownId3v2_);
     seenId3v2_.picture = shownId3v2_->Picture();
     seenId3v2_.present = wanted.present;
+}
+
+// The control locks its fields while the file is to have no tag. Where it has none, typing into them shall give it one.
+void FilePages::checkId3v2(bool wanted) {
+    auto* box = id3v2_->findChild<QCheckBox*>(QStringLiteral("chkID3v2"));
+    box->setChecked(wanted);
+    if (!wanted && !file_->tags().v2.present && box->isEnabledTo(id3v2_)) id3v2_->Locked(false);
+}
+
+// A file without a tag has one as long as there is something in it.
+void FilePages::followValues(const TagValues& now) {
+    if (file_->tags().v2.present || (now.texts == seenId3v2_.texts && now.picture == seenId3v2_.picture)) return;
+    const auto isEmpty = [](const std::string& text) { return text.empty(); };
+    const bool hasValue =
+        now.picture.value_or(nullptr) != nullptr || !std::all_of(now.texts.begin(), now.texts.end(), isEmpty);
+    const QScopedValueRollback showing(showing_, true);
+    checkId3v2(hasValue);
 }
 
 void FilePages::takeId3v1() {
@@ -134,6 +155,8 @@ void FilePages::takeId3v2() {
         const auto tag = id3v2_->ID3V2Tag();
         TagValues now = valuesOf(*tag);
         now.picture = tag->Picture();
+        followValues(now);
+        if (!id3v2_->HasTag()) checkId3v2(false);
         now.present = id3v2_->HasTag();
         FileTags wanted = wanted_;
         const QString field = carryOver(seenId3v2_, now, wanted.v2);

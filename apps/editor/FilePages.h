@@ -40,6 +40,8 @@ private:
     QWidget* scrolled(QWidget* page);
     void show(const FileTags& wanted);
     void showId3v2(const TagValues& wanted);
+    void checkId3v2(bool wanted);
+    void followValues(const TagValues& now);
     void takeId3v1();
     void takeId3v2();
     void take(const FileTags& wanted, const QString& field);

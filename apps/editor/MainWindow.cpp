@@ -111,7 +111,9 @@ void MainWindow::connectParts() {
     connect(&session_, &EditSession::dirtyChanged, this, &MainWindow::setWindowModified);
     connect(&saving_, &Saving::saved, this, &MainWindow::endSave);
     connect(&saving_, &Saving::runningChanged, this, [this](bool isRunning) {
+        if (isRunning) beforeRun_ = FocusPlace(*this);
         centralWidget()->setEnabled(!isRunning);
+        if (!isRunning) beforeRun_.restore();
         updateActions();
         const bool isPreviewEnd = !isRunning && saving_.job().mode() == SaveJob::Mode::Preview;
         if (const auto next = isPreviewEnd ? std::exchange(afterRun_, nullptr) : nullptr) next();
@@ -161,7 +163,7 @@ void MainWindow::updateActions() {
 
 void MainWindow::endSave(bool isAllSaved, const QString& summary) {
     statusBar()->showMessage(summary);
-    editing_->select(list_->selectedPaths());
+    if (list_->selectedPaths() != editing_->selected()) editing_->select(list_->selectedPaths());
     updateActions();
     const std::function<void()> next = std::exchange(afterRun_, nullptr);
     if (isAllSaved && next) next();

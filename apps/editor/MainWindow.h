@@ -6,6 +6,7 @@
 #include "apps/editor/FileList.h"
 #include "apps/editor/FilePages.h"
 #include "apps/editor/FileTable.h"
+#include "apps/editor/FocusPlace.h"
 #include "apps/editor/JobBar.h"
 #include "apps/editor/Loader.h"
 #include "apps/editor/ManyPages.h"
@@ -99,6 +100,7 @@ private:
     ToolMenu* toolMenu_ = nullptr;
     QAction *save_ = nullptr, *saveSelected_ = nullptr, *preview_ = nullptr, *report_ = nullptr, *revert_ = nullptr,
             *undo_ = nullptr, *redo_ = nullptr, *frames_ = nullptr;
+    FocusPlace beforeRun_;           // where the user was when it began
     std::function<void()> afterRun_; // what waits for a save that succeeds, or for the end of a preview
 };
 

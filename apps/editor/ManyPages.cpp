@@ -7,6 +7,7 @@
 #include "corvane/id3v2/ReadableGenre.h"
 
 #include "apps/editor/ControlValues.h"
+#include "apps/editor/FocusPlace.h"
 #include "apps/editor/Tools.h"
 
 #include <QCheckBox>
@@ -168,6 +169,7 @@ void ManyPages::showFiles(std::vector<std::string> paths) {
 }
 
 void ManyPages::refresh() {
+    const FocusPlace place(*this);
     const QScopedValueRollback showing(showing_, true);
     summary_->setText(
         tr("Files that are edited together: %1. A field is written only when you change it, into the tags "
@@ -177,6 +179,7 @@ void ManyPages::refresh() {
     picture_->showPicture(nullptr);
     isId3v1Shown_ = false;
     showId3v1();
+    place.restore();
 }
 
 void ManyPages::showField(Field field) {
