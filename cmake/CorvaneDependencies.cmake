@@ -3,6 +3,7 @@ find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
 find_package(pugixml REQUIRED)
+find_package(EXPAT 2.4 REQUIRED) # the first version that bounds what entities make
 pkg_check_modules(Stb REQUIRED IMPORTED_TARGET stb)
 find_path(CORVANE_ID3LIB_INCLUDE_DIR id3.h REQUIRED)
 if(CORVANE_APPS OR CORVANE_TESTS)

@@ -16,7 +16,9 @@ py::object elementOf(const std::string& document) { return elementTree().attr("f
 XmlNode nodeOf(py::handle element) {
     const py::module_ trees = elementTree();
     if (!trees.attr("iselement")(element).cast<bool>()) return {};
-    const py::object document = trees.attr("tostring")(element, py::arg("encoding") = "unicode");
+    const py::object alone = py::module_::import("copy").attr("copy")(element);
+    alone.attr("tail") = py::none(); // the text that follows the element in its document is none of its own
+    const py::object document = trees.attr("tostring")(alone, py::arg("encoding") = "unicode");
     return XmlNode::fromText(document.cast<Text>().utf8);
 }
 

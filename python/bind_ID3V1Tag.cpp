@@ -47,7 +47,8 @@ void bindID3V1Tag(py::module_& corvane) {
                               "The tag's own list of genres (Genres), the same object at every call.");
     tag.def_property("Tag", nullptr, py::cpp_function([](ID3V1Tag& object, const XmlNode& node) { object.Tag(node); }),
                      "Write only. Fills the tag from an xml.etree.ElementTree.Element as xml_element() gives it. "
-                     "Raises Error: -2147221504 for an element of another name (nothing is changed), 91 for a missing "
+                     "Raises Error: -2147221504 for an element of another name or with characters that no document can "
+                     "hold (nothing is changed), 91 for a missing "
                      "property, 13 for a number that is none, 6 for one that does not fit; what was read before the "
                      "failure (artist, album, comment, title, year, track, genre) stays.");
     xml(tag, "The tag as an XML document.");

@@ -43,9 +43,11 @@ void bindLyricsTag(py::module_& corvane) {
     bindTexts(tag);
     bindFields(tag);
     lastError(tag);
-    tag.def("CreateFromTag", &LyricsTag::CreateFromTag, "theLyricsTag"_a,
-            "Fills the tag from an xml.etree.ElementTree.Element as xml_element() gives it. False, with LastError, for "
-            "an element of another name: the version is unknown then and the fields stay.");
+    tag.def(
+        "CreateFromTag", &LyricsTag::CreateFromTag, "theLyricsTag"_a,
+        "Fills the tag from an xml.etree.ElementTree.Element as xml_element() gives it. False, with LastError, for "
+        "an element of another name: the version is unknown then and the fields stay. Raises Error (-2147221504) for "
+        "characters that no document can hold.");
     xml(tag, "The version and the fields as an XML document.");
 }
 

@@ -22,8 +22,10 @@ std::string_view withoutBlanks(std::string_view text) {
 
 std::optional<std::string> findPropertyAttribute(const XmlNode& element, std::string_view name,
                                                  const std::string& attribute) {
-    return element.selectSingleNode("./Properties/Property[@Name = '" + std::string(name).append("']"))
-        .attribute(attribute);
+    constexpr const char* kPath =
+        "./Properties[namespace-uri() = '']/Property[namespace-uri() = ''][@Name = '"; // a name alone is in no
+                                                                                       // namespace
+    return element.selectSingleNode(kPath + std::string(name).append("']")).attribute(attribute);
 }
 
 std::string propertyAttribute(const XmlNode& element, std::string_view name, const std::string& attribute,

@@ -11,7 +11,7 @@
 namespace corvane {
 
 // The text of an attribute of an element's first "Property" with this name, which holds no apostrophe; nothing when
-// there is no such property or attribute.
+// there is no such property or attribute. Properties that are in a namespace are not those of the layout.
 std::optional<std::string> findPropertyAttribute(const XmlNode& element, std::string_view name,
                                                  const std::string& attribute);
 

@@ -2,6 +2,7 @@
 
 #include "corvane/platform/RuntimeFailure.h"
 #include "corvane/xml/XmlNodeInternals.h"
+#include "corvane/xml/XmlParser.h"
 
 #include <cstring>
 
@@ -9,26 +10,16 @@ namespace corvane {
 
 namespace {
 
-// Entities of a document type are never expanded and CDATA sections stay what they are.
-constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
-
-XmlNode parse(const void* bytes, std::size_t size, pugi::xml_encoding encoding) {
-    auto document = std::make_shared<pugi::xml_document>();
-    const pugi::xml_parse_result result = document->load_buffer(bytes, size, kParseOptions, encoding);
-    if (!result || !document->document_element()) {
-        throw RuntimeFailure(FailureNumber::ObjectDefined, "XML",
-                             std::string("The document is not well-formed: ") +
-                                 (result ? "it has no root element" : result.description()));
-    }
+XmlNode rootOf(std::shared_ptr<pugi::xml_document> document) {
     const pugi::xml_node root = document->document_element();
     return Internals<XmlNode>::of(std::move(document), root);
 }
 
 } // namespace
 
-XmlNode XmlNode::fromText(std::string_view text) { return parse(text.data(), text.size(), pugi::encoding_utf8); }
+XmlNode XmlNode::fromText(std::string_view text) { return rootOf(parsedText(text)); }
 
-XmlNode XmlNode::fromBytes(Bytes document) { return parse(document.data(), document.size(), pugi::encoding_auto); }
+XmlNode XmlNode::fromBytes(Bytes document) { return rootOf(parsedFile(document)); }
 
 std::string XmlNode::baseName() const {
     const char* name = pugi::xml_node(node_).name();

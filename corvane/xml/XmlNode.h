@@ -24,10 +24,13 @@ public:
     XmlNode() = default;
 
     // The root element of a document given as UTF-8 text; what its declaration says of an encoding is only a label.
-    // Fails with a RuntimeFailure when the text is no well-formed document.
+    // Entities that the document declares are expanded; nothing outside of it is read. Fails with a RuntimeFailure
+    // (0x80040000) when the text is no well-formed document, when it needs an entity from outside, declares more than
+    // 1000 entities, or makes far more text of them than it has itself.
     static XmlNode fromText(std::string_view text);
     // The root element of a document given as the bytes of a file, in the encoding that its byte-order mark or its
-    // declaration names (UTF-8 without them). Fails as fromText does.
+    // declaration names (UTF-8 without them), any that the system knows. Fails as fromText does, and with the same
+    // number for an unknown encoding and for bytes that are no text in it.
     static XmlNode fromBytes(Bytes document);
 
     // Whether there is a node.

@@ -88,6 +88,47 @@ class Import(CliTest):
             self.import_document((declaration.format(declared) + tag_document(title="caf\u00e9").decode()).encode(encoding))
             self.check_record(mp3.id3v1("caf\u00e9".encode("latin-1"), track=7, genre=17))
 
+    def test_encoding_that_only_the_system_knows_is_decoded(self):
+        for encoding in ("windows-1252", "ISO-8859-15"):
+            self.write("a.mp3", AUDIO)
+            document = f"<?xml version='1.0' encoding='{encoding}'?>" + tag_document(title="\u20ac caf\u00e9").decode()
+            self.assertEqual(self.import_document(document.encode(encoding)).stderr, b"")
+            self.check_record(mp3.id3v1(b"\x80 caf\xe9", track=7, genre=17))
+
+    def test_encoding_that_nobody_knows_is_refused(self):
+        self.refused(b"<?xml version='1.0' encoding='x-klingon'?>" + tag_document(),
+                     'The document\'s encoding "x-klingon" is not known')
+        self.refused(b"<?xml version='1.0' encoding='windows-1252'?>" + tag_document().replace(b'"T"', b'"\x81"'),
+                     "The document holds bytes that are no text in its encoding, windows-1252")
+
+    def test_document_that_is_not_well_formed_is_refused(self):
+        for document, reason in ((tag_document() + b"<b/>", "junk after document element"),
+                                 (b"x" + tag_document(), "invalid token"),
+                                 (tag_document(title="R & B"), "invalid token"),
+                                 (tag_document(title="a < b"), "invalid token"),
+                                 (tag_document(title='T" Value="U'), "duplicate attribute"),
+                                 (tag_document(title="caf\u00e9").decode().encode("latin-1"), "invalid token"),
+                                 (tag_document(title="&who;"), "undefined entity")):
+            self.refused(document, f"The document is not well-formed: line 1: {reason}")
+
+    def test_document_type_entities_comments_and_foreign_elements_are_understood(self):
+        document = tag_document(title="&who;").decode().replace("<Properties>", "<!-- c --><other>x</other><Properties>")
+        document = document.replace("<Property Name=\"Artist\"", "<?pi?><Note/><Property Name=\"Artist\"")
+        self.import_document(f"<!DOCTYPE ID3V1Tag [<!ENTITY who 'Me &#38;amp; you'>]><!-- c -->{document}<!-- c -->".encode())
+        self.check_record(mp3.id3v1(b"Me & you", track=7, genre=17))
+
+    def test_entity_of_the_outside_is_refused(self):
+        secret = self.write("secret", b"top")
+        for doctype in (f"<!DOCTYPE a [<!ENTITY who SYSTEM 'file://{secret}'>]>", f"<!DOCTYPE a SYSTEM '{secret}'>",
+                        f"<!DOCTYPE a [<!ENTITY % p SYSTEM '{secret}'>%p;]>"):
+            path = self.write("document.xml", doctype.encode() + tag_document(title="&who;"))
+            self.assertTrue(self.error("import", self.song, path).startswith(f"corvane: {path}: The document "), doctype)
+            self.check_record(b"")
+
+    def test_properties_in_a_namespace_are_not_those_of_the_tag(self):
+        document = tag_document().replace(b"<ID3V1Tag>", b"<ID3V1Tag xmlns='urn:x'>")
+        self.refused(document, 'The document has no "Value" of the property "Artist".')
+
     def test_text_that_does_not_fit_is_warned_of(self):
         done = self.import_document(tag_document(title="x" * 31))
         self.assertEqual(done.stderr.decode(), f'corvane: {self.song}: warning: title: cut to "{"x" * 30}"\n')

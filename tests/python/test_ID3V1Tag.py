@@ -99,3 +99,32 @@ def test_what_is_no_element_is_a_type_error(value):
 def test_the_import_cannot_be_read():
     with pytest.raises(AttributeError):
         corvane.ID3V1Tag().Tag
+
+
+PROPERTIES = "".join(f'<Property Name="{name}" ID="17" Value="{value}"/>' for name, value in (
+    ("Title", "T"), ("Artist", ""), ("Album", ""), ("Year", ""), ("Comment", ""), ("Genre", ""), ("Track", "")))
+
+
+def test_element_inside_a_document_is_taken_without_what_follows_it():
+    document = ElementTree.fromstring(f"<a><ID3V1Tag><Properties>{PROPERTIES}</Properties></ID3V1Tag>text</a>")
+    tag = corvane.ID3V1Tag()
+    tag.Tag = document[0]
+    assert tag.Title == "T"
+    assert document[0].tail == "text"
+
+
+def test_properties_in_a_namespace_are_not_those_of_the_tag():
+    tag = corvane.ID3V1Tag()
+    with pytest.raises(corvane.Error) as failure:
+        tag.Tag = ElementTree.fromstring(f"<ID3V1Tag xmlns='urn:x'><Properties>{PROPERTIES}</Properties></ID3V1Tag>")
+    assert failure.value.number == 91
+    tag.Tag = ElementTree.fromstring(f"<t:ID3V1Tag xmlns:t='urn:x'><Properties>{PROPERTIES}</Properties></t:ID3V1Tag>")
+    assert tag.Title == "T"
+
+
+def test_element_that_no_document_can_hold_raises():
+    element = filled().xml_element()
+    element[0][0].set("Value", "\x01")
+    with pytest.raises(corvane.Error) as failure:
+        corvane.ID3V1Tag().Tag = element
+    assert failure.value.number == -2147221504

@@ -78,6 +78,22 @@ TEST(PropertyAttribute, CanBeLookedForWithoutAFailure) {
     EXPECT_FALSE(findPropertyAttribute(XmlNode(), "A", "Value"));
 }
 
+TEST(PropertyAttribute, IsNotFoundInANamespace) {
+    for (const char* text :
+         {"<R xmlns='urn:r'><Properties><Property Name='A' Value='1'/></Properties></R>",
+          "<R><Properties xmlns='urn:r'><Property Name='A' Value='1'/></Properties></R>",
+          "<R><Properties><Property xmlns='urn:r' Name='A' Value='1'/></Properties></R>",
+          "<t:R xmlns:t='urn:r'><t:Properties><Property Name='A' Value='1'/></t:Properties></t:R>"}) {
+        EXPECT_FALSE(findPropertyAttribute(XmlNode::fromText(text), "A", "Value")) << text;
+    }
+    const XmlNode prefixed = XmlNode::fromText("<t:R xmlns:t='urn:r'><Properties><Property xmlns='urn:r' Name='A' "
+                                               "Value='1'/><Property Name='A' Value='2'/></Properties></t:R>");
+    EXPECT_EQ(findPropertyAttribute(prefixed, "A", "Value"), "2");
+    const XmlNode undone = XmlNode::fromText("<R xmlns='urn:r'><Properties xmlns=''><Property Name='A' Value='1'/>"
+                                             "</Properties></R>");
+    EXPECT_EQ(findPropertyAttribute(undone, "A", "Value"), "1");
+}
+
 TEST(PropertyAttribute, AMissingPropertyOrAttributeIsAnObjectThatIsNotSet) {
     for (const char* name : {"B", "a", "NoValue", "Outside", ""}) {
         EXPECT_EQ(failureOf([&] { propertyAttribute(document(), name, "Value", kSource); }), kObjectNotSet) << name;
