@@ -58,9 +58,8 @@ std::optional<std::int32_t> lyricsBodySize(Bytes trailer) {
 std::optional<LyricsFieldBytes> takeLyricsField(ByteReader& body) {
     const auto id = body.take(kIdSize);
     if (!id) return std::nullopt;
-    const auto length = body.take(kLengthSize);
-    if (!length) return std::nullopt;
-    const auto size = digits(*length);
+    const auto length = body.take(std::min(kLengthSize, body.left()));
+    const auto size = digits(length.value_or(Bytes{}));
     if (!size) return std::nullopt;
     const auto data = body.take(std::min(static_cast<std::size_t>(*size), body.left()));
     return LyricsFieldBytes{*id, *size, data.value_or(Bytes{})};

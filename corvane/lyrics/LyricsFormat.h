@@ -38,8 +38,8 @@ struct LyricsFieldBytes {
     Bytes data;          // so many bytes, fewer when the body ends before
 };
 
-// Takes the next field off a body. Nothing when the body ends inside the ID or the length, or when the length has
-// anything but digits.
+// Takes the next field off a body. A body that ends inside the length has the number of the digits that are there, and
+// no data. Nothing when it ends before them, or when the length has anything but digits.
 std::optional<LyricsFieldBytes> takeLyricsField(ByteReader& body);
 
 } // namespace corvane

@@ -93,9 +93,22 @@ TEST(TakeLyricsField, DataEndsWithTheBodyWhateverTheLengthTells) {
     }
 }
 
-TEST(TakeLyricsField, EveryPrefixThatEndsBeforeTheDataIsRefused) {
+TEST(TakeLyricsField, ABodyThatEndsInsideTheLengthGivesTheDigitsThatAreThere) {
+    const ByteArray body = bytesOf("ETT01205Title");
+    for (const std::size_t size : {4U, 5U, 6U, 7U}) {
+        ByteReader rest(Bytes(body).first(size));
+        const auto field = takeLyricsField(rest);
+        ASSERT_TRUE(field) << size;
+        EXPECT_EQ(textOf(field->id), "ETT");
+        EXPECT_EQ(field->size, std::stoi(std::string("01205").substr(0, size - 3)));
+        EXPECT_EQ(textOf(field->data), "");
+        EXPECT_EQ(rest.left(), 0U);
+    }
+}
+
+TEST(TakeLyricsField, EveryPrefixThatEndsBeforeTheLengthIsRefused) {
     const ByteArray body = bytesOf("ETT00005Title");
-    for (std::size_t size = 0; size < 8; ++size) {
+    for (std::size_t size = 0; size < 4; ++size) {
         ByteReader rest(Bytes(body).first(size));
         EXPECT_FALSE(takeLyricsField(rest)) << size;
     }

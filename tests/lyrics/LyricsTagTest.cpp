@@ -290,8 +290,18 @@ TEST_F(LyricsTagLoad, ALengthThatIsNoNumberIsATypeMismatchAndTheFieldsBeforeStay
     EXPECT_EQ(tag_.Title(), "Title");
 }
 
-TEST_F(LyricsTagLoad, ABodyThatEndsInsideAFieldsHeadIsATypeMismatchAndTheFieldsBeforeStay) {
-    for (const char* rest : {"L", "LY", "LYR", "LYR0", "LYR0000"}) {
+TEST_F(LyricsTagLoad, ABodyThatEndsInsideAFieldsLengthGivesTheFieldWithoutText) {
+    for (const char* rest : {"LYR1", "LYR12", "LYR123", "LYR1234"}) {
+        ASSERT_FALSE(load(LyricsBuilder().field("ETT", "Title").raw(rest).done())) << rest;
+        ASSERT_EQ(tag_.FieldCount(), 2) << rest;
+        EXPECT_EQ(tag_.getFieldByIndex(2)->ID(), "LYR");
+        EXPECT_EQ(tag_.getFieldByIndex(2)->Size(), std::stoi(rest + 3));
+        EXPECT_EQ(tag_.getFieldByIndex(2)->TextData(), "");
+    }
+}
+
+TEST_F(LyricsTagLoad, ABodyThatEndsBeforeAFieldsLengthIsATypeMismatchAndTheFieldsBeforeStay) {
+    for (const char* rest : {"L", "LY", "LYR", "LYRx", "LYR0 "}) {
         const auto failure = load(LyricsBuilder().field("ETT", "Title").raw(rest).done());
         ASSERT_TRUE(failure) << rest;
         EXPECT_EQ(failure->number(), kTypeMismatch) << rest;
