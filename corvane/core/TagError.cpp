@@ -2,8 +2,8 @@
 
 namespace corvane {
 
-void TagError::Show(std::string_view Title) const { record_->Show(Title); }
+void TagError::Show(std::string_view Title) const { (*place_)->Show(Title); }
 
-std::string TagError::Stream() const { return record_->Stream(); }
+std::string TagError::Stream() const { return (*place_)->Stream(); }
 
 } // namespace corvane

@@ -27,8 +27,9 @@ struct Internals<ID3V23Frame> {
     }
     // The four letters that the frame object of a record tells.
     static std::string idOf(const ID3V230Frame& record);
-    // Whether the value of the frame's record was taken out; RawData still is the payload that was read.
-    static bool isEmptied(const ID3V23Frame& frame);
+    // The payload that the frame object of a record gives; empty for a record made in memory. Fails with a
+    // RuntimeFailure when it can no longer be read.
+    static ByteArray payloadOf(const ID3V230Frame& record);
 };
 
 template <>

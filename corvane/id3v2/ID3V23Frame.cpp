@@ -5,27 +5,18 @@
 #include "corvane/id3v2/FrameText.h"
 #include "corvane/id3v2/ReaderAnswers.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
-#include "corvane/id3v230/RecordsToWrite.h"
 
 namespace corvane {
 
-namespace {
-
-ByteArray payloadOf(const ID3V230Frame& record) {
+ByteArray Internals<ID3V23Frame>::payloadOf(const ID3V230Frame& record) {
     const FrameSource* source = Internals<ID3V230Frame>::source(record);
     return source == nullptr ? ByteArray{} : source->payload();
 }
-
-} // namespace
 
 std::string Internals<ID3V23Frame>::idOf(const ID3V230Frame& record) {
     const FrameSource* source = Internals<ID3V230Frame>::source(record);
     const bool hasName = record.eType() != static_cast<std::int16_t>(ID3_FrameID::ID3FID_NOFRAME);
     return hasName || source == nullptr ? record.FrameAbbr() : std::string(source->frame().idText());
-}
-
-bool Internals<ID3V23Frame>::isEmptied(const ID3V23Frame& frame) {
-    return frame.changeable_ && corvane::isEmptied(*frame.changeable_);
 }
 
 std::string ID3V23Frame::ID() const {
@@ -45,7 +36,7 @@ ByteArray ID3V23Frame::PictureRAW() const {
 ByteArray ID3V23Frame::removeHeader() const {
     return valueOrEmpty([this] {
         if (!changeable_) return contentOf(*tag_, *record_);
-        const ByteArray payload = payloadOf(*changeable_);
+        const ByteArray payload = Internals<ID3V23Frame>::payloadOf(*changeable_);
         const auto id = FrameId::named(ID());
         const Bytes content = id ? corvane::removeHeader(*id, payload) : Bytes(payload);
         return ByteArray(content.begin(), content.end());
@@ -53,7 +44,8 @@ ByteArray ID3V23Frame::removeHeader() const {
 }
 
 ByteArray ID3V23Frame::RawData() const {
-    return valueOrEmpty([this] { return changeable_ ? payloadOf(*changeable_) : corvane::payloadOf(*tag_, *record_); });
+    return valueOrEmpty(
+        [this] { return changeable_ ? Internals<ID3V23Frame>::payloadOf(*changeable_) : payloadOf(*tag_, *record_); });
 }
 
 std::string ID3V23Frame::TextData() const {

@@ -44,7 +44,12 @@ Overloaded(Reads...) -> Overloaded<Reads...>;
 
 } // namespace
 
-ID3V2Tag::ID3V2Tag() : version_(std::make_shared<ID3V2Version>()), error_(std::make_shared<cError>()) {}
+ID3V2Tag::ID3V2Tag()
+    : version_(std::make_shared<ID3V2Version>()),
+      errorPlace_(std::make_shared<ErrorRecordPlace>()),
+      error_(std::make_shared<cError>()) {
+    *errorPlace_ = error_;
+}
 
 void ID3V2Tag::setHeader(const std::string& fileName, const ID3V2Header& header) {
     loaded_ = false;
@@ -67,7 +72,9 @@ std::shared_ptr<corvane::ID3V22Tag> ID3V2Tag::ID3V22Tag() { return isLoaded() ? 
 std::shared_ptr<corvane::ID3V23Tag> ID3V2Tag::ID3V23Tag() { return isLoaded() ? reader23_ : nullptr; }
 std::shared_ptr<corvane::ID3V24Tag> ID3V2Tag::ID3V24Tag() { return isLoaded() ? reader24_ : nullptr; }
 
-std::shared_ptr<TagError> ID3V2Tag::LastError() const { return viewOf(error_); }
+std::shared_ptr<TagError> ID3V2Tag::LastError() const {
+    return viewOf(std::shared_ptr<const ErrorRecordPlace>(errorPlace_));
+}
 
 bool ID3V2Tag::hasKnownVersion() const { return majorVersion() >= 2 && majorVersion() <= 4; }
 
@@ -251,10 +258,11 @@ void ID3V2Tag::EncodedBy(std::string_view value) {
     if (majorVersion() == 3) writable().EncodedBy(value);
 }
 
-// From now on LastError shows the reader's reasons.
+// From now on LastError shows the reader's reasons, also one that a host has taken before.
 template <class Reader>
 void ID3V2Tag::adoptRecordOf(const Reader& reader) {
     error_ = Internals<Reader>::getErrorRecord(reader);
+    *errorPlace_ = error_;
 }
 
 bool ID3V2Tag::canSave() {
@@ -295,8 +303,9 @@ void ID3V2Tag::appendXml(pugi::xml_node parent) {
                    number(version_->Major()) + '.' + number(version_->Minor()) + '.' + number(version_->Revision()));
     appendProperty(properties, "Size", number(size_));
     if (!hasKnownVersion() || !isLoaded()) return;
-    if (reader23_ && Internals<corvane::ID3V23Tag>::changeable(*reader23_)) {
-        appendFrameProperties(properties, *reader23_);
+    const auto changeable = reader23_ ? Internals<corvane::ID3V23Tag>::changeable(*reader23_) : nullptr;
+    if (changeable) {
+        appendFrameProperties(properties, *changeable->Frames());
     } else {
         appendFrameProperties(properties, *frames(), majorVersion());
     }

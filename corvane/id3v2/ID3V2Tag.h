@@ -66,7 +66,8 @@ public:
     std::shared_ptr<TagError> LastError() const;
 
     // The tag as an XML document: version, size and the frames that the reader keeps. BaseNode, where given, is set to
-    // the root element. Fails with a RuntimeFailure when a payload that stands in the file can no longer be read.
+    // the root element. Fails with a RuntimeFailure when a payload that stands in the file can no longer be read, or
+    // inflates beyond the limit of the tag (setInflationLimit).
     std::string xml(XmlNode* BaseNode = nullptr);
 
     // Whether the tag can be changed; when it cannot, LastError says why.
@@ -124,7 +125,8 @@ private:
     corvane::ID3V23Tag& writable();
 
     std::shared_ptr<ID3V2Version> version_;
-    std::shared_ptr<cError> error_;
+    std::shared_ptr<ErrorRecordPlace> errorPlace_; // views of it show what adoptRecordOf puts there
+    std::shared_ptr<cError> error_;                // what stands there
     std::string fileName_;
     ID3V2Header header_;
     std::int32_t size_ = 0; // bytes, with the header

@@ -2,7 +2,9 @@
 
 #include "corvane/id3v2/FrameInternals.h"
 #include "corvane/id3v2/FrameText.h"
-#include "corvane/id3v2/ID3V23Tag.h"
+#include "corvane/id3v230/FrameRecordContent.h"
+#include "corvane/id3v230/ID3V230Frames.h"
+#include "corvane/id3v230/RecordsToWrite.h"
 #include "corvane/platform/Utf16Text.h"
 #include "corvane/xml/XmlLayout.h"
 
@@ -64,15 +66,16 @@ void appendFrame(pugi::xml_node properties, const TagFrames& frames, const Frame
     appendBinaryProperty(properties, frame.id.text(), payload.bytes());
 }
 
-void appendFrame(pugi::xml_node properties, const ID3V23Frame& frame) {
-    if (frame.IsPicture()) return appendBinaryProperty(properties, "Picture", frame.PictureRAW());
-    const std::string id = frame.ID();
-    const std::string text = frame.TextData();
+// The record itself fails where its frame object would give an empty value.
+void appendFrame(pugi::xml_node properties, const ID3V230Frame& record) {
+    const std::string id = Internals<ID3V23Frame>::idOf(record);
     const auto known = FrameId::named(id);
+    if (known == kPicture) return appendBinaryProperty(properties, "Picture", record.PictureRAW());
+    const std::string text = valueText(record.vValue());
     if (const char* name = known ? nameOf(*known, 3) : nullptr) return appendProperty(properties, name, text);
     // The payload of a value that was taken out still is in the file.
-    if (!text.empty() || Internals<ID3V23Frame>::isEmptied(frame)) return appendProperty(properties, id, text);
-    appendBinaryProperty(properties, id, frame.RawData());
+    if (!text.empty() || isEmptied(record)) return appendProperty(properties, id, text);
+    appendBinaryProperty(properties, id, Internals<ID3V23Frame>::payloadOf(record));
 }
 
 } // namespace
@@ -81,8 +84,8 @@ void appendFrameProperties(pugi::xml_node properties, const TagFrames& frames, u
     for (std::size_t i = 0; i < frames.count(); ++i) appendFrame(properties, frames, *frames.at(i), majorVersion);
 }
 
-void appendFrameProperties(pugi::xml_node properties, const ID3V23Tag& tag) {
-    for (std::int32_t i = 1; i <= tag.FrameCount(); ++i) appendFrame(properties, *tag.GetFrameByIndex(i));
+void appendFrameProperties(pugi::xml_node properties, const ID3V230Frames& records) {
+    for (const auto& record : records) appendFrame(properties, *record);
 }
 
 } // namespace corvane

@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 namespace corvane {
 namespace {
 
@@ -193,6 +195,55 @@ TEST(BackedID3V2Tag, WritingBackWhatWasReadChangesNothing) {
     file.tag.LyricsSynced(file.tag.LyricsSynced());
     EXPECT_TRUE(file.tag.saveTag());
     EXPECT_EQ(contentOf(file.path()), before);
+}
+
+// The failure that rendering the tag ends with, 0 without one.
+std::int32_t renderingFailure(ID3V2Tag& tag) {
+    return failureNumberOf([&] { tag.xml(); });
+}
+
+TEST(BackedID3V2Tag, ADocumentWithoutAPayloadThatCanNoLongerBeReadIsAFailure) {
+    const ByteArray large = countedBytes(100'000);
+    for (const auto& [id, payload] : {std::pair("APIC", pictureFrame(large)), std::pair("GEOB", large),
+                                      std::pair("TIT2", textFrame(std::string(100'000, 'x'))),
+                                      std::pair("COMM", commentFrame("", std::string(100'000, 'x')))}) {
+        TagOnDisk file(Id3v2Builder(3).text("TALB", "album").frame(id, payload));
+        EXPECT_EQ(file.tag.Album(), "album");
+        file.replaceFile();
+        EXPECT_EQ(renderingFailure(file.tag), ESTALE) << id;
+        std::filesystem::remove(file.path());
+        EXPECT_EQ(renderingFailure(file.tag), ENOENT) << id;
+    }
+}
+
+// An object that hosts hold shows the latest failure, also when the facade has taken over its reader's record since.
+TEST(BackedID3V2Tag, AnErrorObtainedBeforeAFailureShowsThatFailure) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    const auto reader = file.tag.ID3V23Tag();
+    const auto held = file.tag.LastError();
+    Internals<ID3V23Tag>::refuseSaving(*reader, true);
+    EXPECT_FALSE(file.tag.canSave());
+    EXPECT_EQ(held->Stream(), "0, Save functionality, Saving is not supported.");
+    Internals<ID3V23Tag>::refuseSaving(*reader, false);
+    const auto heldSince = file.tag.LastError();
+    file.replaceFile();
+    file.tag.Title("y");
+    EXPECT_FALSE(file.tag.saveTag());
+    EXPECT_EQ(held->Stream(), "0, saveTag, Unable to save the ID3v23 tag.");
+    EXPECT_EQ(heldSince->Stream(), held->Stream());
+    EXPECT_EQ(lastErrorOf(file.tag), held->Stream());
+}
+
+TEST(BackedID3V2Tag, TheRecordTakenOverIsTheReadersOwn) {
+    TagOnDisk file(Id3v2Builder(3).text("TIT2", "x"));
+    const auto reader = file.tag.ID3V23Tag();
+    Internals<ID3V23Tag>::refuseSaving(*reader, true);
+    EXPECT_FALSE(file.tag.canSave());
+    const auto held = file.tag.LastError();
+    std::filesystem::remove(file.path());
+    EXPECT_FALSE(reader->removeTag());
+    EXPECT_EQ(held->Stream(), lastErrorOf(*reader));
+    EXPECT_EQ(lastErrorOf(file.tag), lastErrorOf(*reader));
 }
 
 TEST(BackedID3V2Tag, AnUnknownFrameHasItsLettersInTheDocument) {
