@@ -36,6 +36,7 @@
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/Drive.h"
 #include "corvane/platform/File.h"
+#include "corvane/platform/InflationLimit.h"
 #include "corvane/platform/MessageBox.h"
 #include "corvane/platform/Picture.h"
 #include "corvane/platform/RuntimeFailure.h"

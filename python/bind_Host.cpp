@@ -1,8 +1,10 @@
+#include "corvane/platform/InflationLimit.h"
 #include "corvane/platform/MessageBox.h"
 
 #include "python/Binding.h"
 #include "python/Bindings.h"
 
+#include <limits>
 #include <utility>
 
 namespace corvane::python {
@@ -50,6 +52,17 @@ void bindHost(py::module_& corvane) {
         "title"_a, "fileDescription"_a,
         "Sets the host's title and the description of its program file, for the whole process. Message boxes have them "
         "as captions.");
+    corvane.def(
+        "setInflationLimit",
+        [](const py::object& bytesBeyondFile) {
+            constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
+            setInflationLimit(static_cast<std::uint64_t>(wholeNumber(bytesBeyondFile, 0, kMost)));
+        },
+        "bytesBeyondFile"_a,
+        "Sets how many bytes all compressed frames of a tag may make together beyond the size of their file, for tags "
+        "that are read from now on in the whole process; 67108864 until then. What frames beyond it say cannot be "
+        "read. "
+        "Raises Error (6) for a negative number.");
     // The library outlives the interpreter, in which the function lives.
     py::module_::import("atexit").attr("register")(py::cpp_function([] { setHook(py::none()); }));
 }

@@ -1,7 +1,6 @@
 #include "corvane/id3v2/FrameGatherer.h"
 
 #include "corvane/platform/ByteReader.h"
-#include "corvane/platform/Inflate.h"
 
 #include <algorithm>
 #include <array>
@@ -31,14 +30,14 @@ constexpr bool isGathered(const FrameRecord& record, std::size_t size) {
 
 } // namespace
 
-FrameGatherer::FrameGatherer(FileReader& file, std::string path) : file_(&file) {
+FrameGatherer::FrameGatherer(FileReader& file, std::string path) : file_(&file), budget_(file.size()) {
     frames_->records_.reserve(kUsualFrames);
     frames_->gathered_.reserve(kUsualTextSize);
     frames_->path_ = std::move(path);
     frames_->file_.set(file.identity());
 }
 
-FrameGatherer::FrameGatherer(ByteArray body) {
+FrameGatherer::FrameGatherer(ByteArray body, std::uint64_t fileSize) : budget_(fileSize) {
     frames_->records_.reserve(kUsualFrames);
     frames_->body_ = std::move(body);
 }
@@ -83,6 +82,11 @@ bool FrameGatherer::gather(FrameRecord& record) {
     }
     Payload stream = synchronised(raw, record);
     if (record.compressed) {
+        if (record.inflatedSize > 0 &&
+            !budget_.take(stream.bytes().size(), static_cast<std::uint64_t>(record.inflatedSize))) {
+            record.place = FramePlace::TooLarge;
+            return true;
+        }
         const auto size = inflatedSize(stream.bytes(), record.inflatedSize);
         if (!size) return false;
         record.inflatedSize = *size;

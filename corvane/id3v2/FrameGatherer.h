@@ -4,6 +4,7 @@
 #include "corvane/id3v2/FrameWalk.h"
 #include "corvane/id3v2/TagFrames.h"
 #include "corvane/platform/FileReader.h"
+#include "corvane/platform/Inflate.h"
 
 #include <memory>
 #include <string>
@@ -15,10 +16,11 @@ class FrameGatherer {
 public:
     // Frames in a file; positions are offsets of the file. The path serves to read large payloads later.
     FrameGatherer(FileReader& file, std::string path);
-    // Frames in a tag's body, which is kept; positions are indices of the body.
-    explicit FrameGatherer(ByteArray body);
+    // Frames in a tag's body, which is kept; positions are indices of the body. fileSize: bytes of the tag's file.
+    FrameGatherer(ByteArray body, std::uint64_t fileSize);
 
     // Walks the frames in [begin, end). A frame that cannot be inflated ends the walk; what was walked before it stays.
+    // One that would inflate beyond the limit of the tag is kept as too large.
     template <class Layout>
     WalkEnd walk(const Layout& layout, std::uint64_t begin, std::uint64_t end) {
         const auto take = [&](const FrameHeader& header, std::uint64_t data) {
@@ -45,6 +47,7 @@ private:
 
     std::shared_ptr<TagFrames> frames_ = std::make_shared<TagFrames>();
     FileReader* file_ = nullptr;
+    InflationBudget budget_;
 };
 
 } // namespace corvane

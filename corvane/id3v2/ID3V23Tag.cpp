@@ -3,7 +3,9 @@
 #include "corvane/id3v2/GenreText.h"
 #include "corvane/id3v2/Id3Errors.h"
 #include "corvane/id3v2/ReaderAnswers.h"
+#include "corvane/id3v2/RecordIndex.h"
 #include "corvane/id3v2/TagLoad.h"
+#include "corvane/id3v230/FrameRecordContent.h"
 #include "corvane/id3v230/ID3V230FrameInternals.h"
 #include "corvane/id3v230/ID3V230Internals.h"
 #include "corvane/id3v230/Id3Library.h"
@@ -64,10 +66,8 @@ std::shared_ptr<ID3V23Frame> ID3V23Tag::GetFrameByID(std::string_view FrameID) c
 }
 
 std::shared_ptr<ID3V23Frame> ID3V23Tag::frameNamed(std::string_view frameId) const {
-    for (const auto& record : *changeable_->Frames()) {
-        if (Internals<ID3V23Frame>::idOf(*record) == frameId) return Internals<ID3V23Frame>::make(record);
-    }
-    return nullptr;
+    const auto record = records_->find(changeable_->Frames(), frameId);
+    return record ? Internals<ID3V23Frame>::make(record) : nullptr;
 }
 
 std::shared_ptr<ID3V23Frame> ID3V23Tag::GetFrameByIndex(std::int32_t Index) const {
@@ -78,8 +78,9 @@ std::shared_ptr<ID3V23Frame> ID3V23Tag::GetFrameByIndex(std::int32_t Index) cons
 
 std::string ID3V23Tag::GetText(std::string_view FrameID) const {
     if (!changeable_) return recordedText(*frames_, corvane::frameNamed(*frames_, FrameID), *error_, textOf);
-    const auto frame = frameNamed(FrameID);
-    return frame ? frame->TextData() : std::string();
+    const auto record = records_->find(changeable_->Frames(), FrameID);
+    if (!record) return {};
+    return recordFailures(*error_, std::string(), [&] { return valueText(record->vValue()); });
 }
 
 std::string ID3V23Tag::text(ReadText property, std::string_view frameId) const {
@@ -198,6 +199,7 @@ std::shared_ptr<TagError> ID3V23Tag::LastError() const { return viewOf(error_); 
 // The header is not looked at: the updatable tag reads its own.
 bool ID3V23Tag::loadWithId3lib(const std::string& fileName, const ID3V2Header&) {
     changeable_ = std::make_shared<ID3V230>();
+    records_ = std::make_shared<RecordIndex>();
     recordFailures(*error_, false, [&] { return Internals<ID3V230>::LoadFromFile(*changeable_, fileName); });
     return true;
 }

@@ -21,6 +21,7 @@ namespace corvane {
 
 class FileReader;
 class ID3V230;
+class RecordIndex;
 class TagFrames;
 struct ID3V2Header;
 
@@ -119,6 +120,7 @@ private:
 
     std::shared_ptr<const TagFrames> frames_; // of a parsed tag
     std::shared_ptr<ID3V230> changeable_;     // nothing for a parsed tag
+    std::shared_ptr<RecordIndex> records_;    // of a tag that can be changed
     std::shared_ptr<cError> error_;
     bool savingRefused_ = false;
 };

@@ -103,8 +103,8 @@ ReadableTag readableTag(const TagFrames& frames) {
 ReadableTag readableTag(std::span<const WholeFrame> frames) {
     Facts facts;
     for (const WholeFrame& frame : frames) {
-        facts.take(frame.id,
-                   [&] { return frame.isEncrypted ? ReadableFrame{} : readableFrame(frame.id, frame.payload()); });
+        const bool isHidden = frame.isEncrypted || frame.isTooLarge;
+        facts.take(frame.id, [&] { return isHidden ? ReadableFrame{} : readableFrame(frame.id, frame.payload()); });
     }
     return std::move(facts).done();
 }

@@ -177,7 +177,7 @@ ReadableFrame readableFrame(FrameId id, Bytes payload) {
 std::string readableText(FrameId id, Bytes payload) { return readableFrame(id, payload).text; }
 
 ReadableFrame readableFrame(const TagFrames& frames, const FrameRecord& frame) {
-    if (frame.encrypted || !isReadable(frame.id)) return {};
+    if (frame.encrypted || frame.place == FramePlace::TooLarge || !isReadable(frame.id)) return {};
     return readableFrame(frame.id, frames.payload(frame).bytes());
 }
 

@@ -28,8 +28,9 @@ ReadableFrame readableFrame(FrameId id, Bytes payload);
 // Its text alone.
 std::string readableText(FrameId id, Bytes payload);
 
-// The same of a frame of a tag; all empty for an encrypted one. Reads the payload from the file where it stands there,
-// and only when there is something to read in it; fails with a RuntimeFailure when it cannot.
+// The same of a frame of a tag; all empty for an encrypted one and for one that is too large to inflate. Reads the
+// payload from the file where it stands there, and only when there is something to read in it; fails with a
+// RuntimeFailure when it cannot.
 ReadableFrame readableFrame(const TagFrames& frames, const FrameRecord& frame);
 
 } // namespace corvane

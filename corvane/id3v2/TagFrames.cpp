@@ -84,6 +84,7 @@ Bytes TagFrames::bytesInMemory(const FrameRecord& record) const {
 }
 
 Payload TagFrames::payload(const FrameRecord& record) const {
+    if (record.place == FramePlace::TooLarge) throw inflationFailure();
     const bool isInFile = record.place == FramePlace::File;
     if (!isInFile && record.isPlain()) return bytesInMemory(record);
     Payload raw = isInFile ? Payload(readUnchanged(path_, file_.get(), record)) : bytesInMemory(record);

@@ -21,7 +21,8 @@
 
 namespace corvane {
 
-enum class FramePlace : std::uint8_t { Gathered, Body, File };
+// TooLarge: nowhere, because the frame would inflate beyond the limit of its tag.
+enum class FramePlace : std::uint8_t { Gathered, Body, File, TooLarge };
 
 struct FrameRecord {
     FrameId id;
@@ -64,7 +65,8 @@ public:
     // Every frame's ID in file order, each followed by ";".
     std::string list() const;
 
-    // The payload of a record of this tag. Fails when it stands in the file and that is no longer the one it was.
+    // The payload of a record of this tag. Fails when it stands in the file and that is no longer the one it was, and
+    // when it is too large.
     Payload payload(const FrameRecord& record) const;
 
     // The library has changed the file itself, behind the tag: payloads in it are still those that were meant.

@@ -58,7 +58,7 @@ std::shared_ptr<const TagFrames> loadBody(const TagInFile& tag, const Layout& la
         ByteArray body = synchronisedBody(tag);
         if (body.empty() || (extended && !isAcceptedExtendedHeader(body))) return nullptr;
         const std::size_t end = body.size();
-        return walked(FrameGatherer(std::move(body)), layout, skipped, end);
+        return walked(FrameGatherer(std::move(body), tag.file.size()), layout, skipped, end);
     }
     const std::uint64_t begin = bodyOffset(tag);
     const std::size_t headLength = std::min<std::uint64_t>(bodySize(tag), kExtendedSizeLength);

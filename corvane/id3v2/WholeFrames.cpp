@@ -13,7 +13,8 @@ std::vector<WholeFrame> wholeFrames(const std::shared_ptr<const TagImage>& tag) 
     for (std::size_t index = 0; index < tag->frames().size(); ++index) {
         const FrameSource source(tag, index);
         frames.push_back({FrameId::named(source.frame().idText()).value_or(FrameId("????")),
-                          (source.frame().formatFlags & kEncrypted) != 0, [source] { return source.payload(); }});
+                          (source.frame().formatFlags & kEncrypted) != 0, source.isTooLarge(),
+                          [source] { return source.payload(); }});
     }
     return frames;
 }

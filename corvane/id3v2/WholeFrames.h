@@ -17,8 +17,9 @@ namespace corvane {
 struct WholeFrame {
     FrameId id;
     bool isEncrypted = false;
+    bool isTooLarge = false; // it would inflate beyond the limit of its tag
     // The payload, inflated; empty where it cannot be. Fails with a RuntimeFailure when it must be read from the file
-    // and the file was changed since.
+    // and the file was changed since, and when it is too large.
     std::function<ByteArray()> payload;
 };
 

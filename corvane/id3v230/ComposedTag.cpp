@@ -129,7 +129,7 @@ std::size_t ComposedTag::atHand(std::uint64_t offset) const {
 }
 
 std::shared_ptr<TagImage> ComposedTag::image(std::span<const TagFrame> wanted) {
-    TagGatherer gatherer(loaded_.path(), FileIdentity());
+    TagGatherer gatherer(loaded_.path(), FileIdentity(), loaded_.identity().size);
     const auto head = decodeTagHead(view(0, TagHead::kByteCount));
     if (!head || head->tagSize() != size_) return nullptr;
     gatherer.setHead(*head);

@@ -50,10 +50,13 @@ bool holdsWholeFront(Bytes head, const PictureHead& picture) {
 
 ID3_FrameID FrameSource::number() const { return frameNumberOf(frame().idText()); }
 
-ByteArray FrameSource::payload() const { return payloadIn(frame(), tag_->data(frame())).value_or(ByteArray{}); }
+ByteArray FrameSource::payload() const {
+    if (isTooLarge()) throw inflationFailure();
+    return payloadIn(frame(), tag_->data(frame())).value_or(ByteArray{});
+}
 
 std::optional<FrameContent> FrameSource::content() const {
-    if (has(frame(), kEncrypted)) return std::nullopt;
+    if (has(frame(), kEncrypted) || isTooLarge()) return std::nullopt;
     const bool isPlainPicture = number() == ID3_FrameID::ID3FID_PICTURE && frame().formatFlags == 0;
     if (isPlainPicture) {
         const Bytes head = tag_->head(frame());

@@ -27,12 +27,14 @@ public:
     }
 
     ID3_FrameID number() const;
-    // What the frame says; nothing when nobody can know, because it is encrypted or cannot be inflated. What
-    // stands in front of the image of a picture is in memory in all but odd cases, so nothing is read for it.
+    // Whether the frame would inflate beyond the limit of its tag.
+    bool isTooLarge() const { return tag_->isTooLarge(frame()); }
+    // What the frame says; nothing when nobody can know, because it is encrypted, cannot be inflated or is too large.
+    // What stands in front of the image of a picture is in memory in all but odd cases, so nothing is read for it.
     std::optional<FrameContent> content() const;
     // The payload whole: the frame's data, inflated, without the bytes that its flags announce. Encrypted data stay as
-    // they are. Fails with a RuntimeFailure when the tag's file was changed or is gone, and the frame was too large to
-    // be read with the tag.
+    // they are. Fails with a RuntimeFailure when the tag's file was changed or is gone and the frame was not read with
+    // the tag, and when it is too large.
     ByteArray payload() const;
 
 private:

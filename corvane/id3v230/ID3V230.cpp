@@ -8,6 +8,7 @@
 #include "corvane/id3v230/RecordsToWrite.h"
 #include "corvane/id3v230/TagImage.h"
 #include "corvane/platform/FileReader.h"
+#include "corvane/platform/Inflate.h"
 #include "corvane/platform/Numbers.h"
 #include "corvane/platform/Paths.h"
 #include "corvane/platform/RuntimeFailure.h"
@@ -29,11 +30,14 @@ bool isEmptyText(const FrameVariant& value) {
 }
 
 // A frame that nobody can read has a description that nobody knows: it is neither found nor overwritten.
-bool isKnownAs(const ID3V230Frame& record, std::string_view descriptor) {
+bool isUnknown(const ID3V230Frame& record) {
     const auto& content = Internals<ID3V230Frame>::content(record);
-    const bool isUnknown = content.isHidden && std::holds_alternative<NoValue>(content.value) &&
-                           !content.pictureWasSet && content.description.empty();
-    return !isUnknown && content.description == descriptor;
+    return content.isHidden && std::holds_alternative<NoValue>(content.value) && !content.pictureWasSet &&
+           content.description.empty();
+}
+
+bool isKnownAs(const ID3V230Frame& record, std::string_view descriptor) {
+    return !isUnknown(record) && Internals<ID3V230Frame>::content(record).description == descriptor;
 }
 
 // Only records of one number can be duplicates of one another, so a description is looked at where there are several,
@@ -115,8 +119,19 @@ std::shared_ptr<ID3V230Frame> ID3V230::find(ID3_FrameID frame, std::string_view 
     return nullptr;
 }
 
+// What is too large to be read may be what is looked for.
+std::shared_ptr<ID3V230Frame> ID3V230::findToRead(ID3_FrameID frame, std::string_view descriptor) const {
+    auto record = find(frame, descriptor);
+    if (record) return record;
+    for (const auto& other : *frames_) {
+        if (other->eType() != static_cast<std::int16_t>(frame) || !isUnknown(*other)) continue;
+        if (Internals<ID3V230Frame>::source(*other)->isTooLarge()) throw inflationFailure();
+    }
+    return nullptr;
+}
+
 FrameVariant ID3V230::FrameValue(ID3_FrameID eFrameID, std::string_view Descriptor) const {
-    const auto record = find(eFrameID, Descriptor);
+    const auto record = findToRead(eFrameID, Descriptor);
     return record ? record->vValue() : FrameVariant();
 }
 

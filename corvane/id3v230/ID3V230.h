@@ -159,6 +159,7 @@ private:
     bool isChanged() const;
 
     std::shared_ptr<ID3V230Frame> find(ID3_FrameID frame, std::string_view descriptor) const;
+    std::shared_ptr<ID3V230Frame> findToRead(ID3_FrameID frame, std::string_view descriptor) const;
     std::string text(ID3_FrameID frame, std::string_view descriptor = {}) const;
     void SetFrameValue(ID3_FrameID frame, FrameVariant value, std::string_view descriptor = {});
     void setText(ID3_FrameID frame, std::string_view value, std::string_view descriptor = {});

@@ -3,7 +3,10 @@
 #include "corvane/id3v230/FrameNames.h"
 #include "corvane/id3v230/FrameRecordContent.h"
 #include "corvane/id3v230/FrameSource.h"
+#include "corvane/id3v230/ID3V230FrameInternals.h"
+#include "corvane/platform/Inflate.h"
 
+#include <atomic>
 #include <utility>
 
 namespace corvane {
@@ -21,7 +24,11 @@ std::string nameOf(std::int16_t type, enumShortOrLongText which) {
 // The identifier of a file may be any bytes, which must stay what they are: only its text has apostrophes.
 bool isBinary(const FrameSource& source) { return source.number() == ID3_FrameID::ID3FID_UNIQUEFILEID; }
 
+std::atomic<std::uint64_t> retypeCount = 0;
+
 } // namespace
+
+std::uint64_t Internals<ID3V230Frame>::retypeCount() { return corvane::retypeCount; }
 
 ID3V230Frame::ID3V230Frame() = default;
 
@@ -64,6 +71,7 @@ ID3V230Frame::Content& ID3V230Frame::changed() {
 
 void ID3V230Frame::eType(std::int16_t value) {
     changed();
+    ++retypeCount;
     type_ = value;
 }
 
@@ -72,6 +80,7 @@ FrameVariant ID3V230Frame::vValue() const {
     if (type_ == kPicture && std::holds_alternative<NoValue>(now.value)) {
         if (auto picture = Picture()) return picture;
     }
+    if (now.isHidden && std::holds_alternative<NoValue>(now.value) && source_->isTooLarge()) throw inflationFailure();
     return now.value;
 }
 

@@ -3,8 +3,9 @@
 //
 // What a frame says is taken out of its bytes when a member first asks for it. A payload of more than 64 KB, such as a
 // picture, may still be in the file then: members fail with a RuntimeFailure when that file was changed by somebody
-// else meanwhile or is gone. What the library itself takes out of the file stays with the record (see ID3V230).
-// Different threads may use the records of different tags.
+// else meanwhile or is gone. What the library itself takes out of the file stays with the record (see ID3V230). They
+// also fail for the value or the picture of a compressed frame that would inflate beyond the limit of its tag
+// (setInflationLimit). Different threads may use the records of different tags.
 #pragma once
 
 #include "corvane/id3v230/FrameVariant.h"

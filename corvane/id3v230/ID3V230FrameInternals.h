@@ -5,6 +5,7 @@
 #include "corvane/id3v230/FrameSource.h"
 #include "corvane/id3v230/ID3V230Frame.h"
 
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -34,6 +35,9 @@ struct Internals<ID3V230Frame> {
         record.content_->isAsRead = true;
         record.content_->original.reset();
     }
+    // How often any record of the process was given its number: who keeps an order of records by their numbers knows by
+    // it whether that still holds.
+    static std::uint64_t retypeCount();
     static const ID3V230Frame::Content& content(const ID3V230Frame& record) { return record.content(); }
 };
 

@@ -109,7 +109,7 @@ void ID3V230::Genre(std::string_view value) {
 }
 
 std::shared_ptr<corvane::Picture> ID3V230::Picture() const {
-    const auto record = find(ID3FID_PICTURE, {});
+    const auto record = findToRead(ID3FID_PICTURE, {});
     return record ? record->Picture() : nullptr;
 }
 

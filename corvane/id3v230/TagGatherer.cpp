@@ -24,6 +24,14 @@ bool holdsText(std::string_view id) {
 
 bool isEmpty(Bytes padding) { return isAllZero(padding); }
 
+// What comes out of a compressed frame is claimed at the beginning of its data, which is always gathered.
+constexpr std::size_t kClaimSize = 4; // bytes
+
+bool isInflatable(const RawFrame& frame) {
+    constexpr std::uint8_t kCompressed = 0x80, kEncrypted = 0x40; // format flags, ID3v2.3.0 section 3.3.1
+    return (frame.formatFlags & kCompressed) != 0 && (frame.formatFlags & kEncrypted) == 0;
+}
+
 class BodySource {
 public:
     explicit BodySource(Bytes body) : body_(body) {}
@@ -44,10 +52,17 @@ void TagGatherer::refuse(std::string reason, Id3libError error) {
     if (!image_->refusal_) image_->refusal_ = TagImage::Refusal{static_cast<std::int32_t>(error), std::move(reason)};
 }
 
+void TagGatherer::noteInflation(const RawFrame& frame, Bytes beginningOfData) {
+    if (!isInflatable(frame)) return;
+    const std::uint32_t claim = ByteReader(beginningOfData).number<kClaimSize>().value_or(0);
+    if (!budget_.take(frame.dataSize, claim)) image_->tooLarge_.push_back(frame.offset);
+}
+
 std::size_t TagGatherer::gatheredSize(const RawFrame& frame, std::size_t atHand) {
     const std::size_t size = frame.dataSize;
     if (holdsText(frame.idText()) && size <= kGatheredTextSize) return size;
-    return size <= atHand && size <= kGatheredSize ? size : std::min({size, atHand, kGatheredHead});
+    if (size <= atHand && size <= kGatheredSize) return size;
+    return std::max(std::min({size, atHand, kGatheredHead}), isInflatable(frame) ? std::min(size, kClaimSize) : 0);
 }
 
 void TagGatherer::keep(const RawFrame& frame, Bytes data) {
@@ -69,6 +84,7 @@ void TagGatherer::walkBody(ByteArray body, std::uint64_t begin) {
     BodySource source(body);
     const auto take = [&](const RawFrame& frame) {
         image_->frames_.push_back(frame);
+        noteInflation(frame, source.view(frame.offset + RawFrame::kHeaderSize, frame.dataSize));
         const auto data = static_cast<std::uint32_t>(frame.offset + RawFrame::kHeaderSize);
         image_->gathered_.push_back({data, frame.dataSize});
     };

@@ -4,6 +4,7 @@
 #include "corvane/id3v230/Id3libError.h"
 #include "corvane/id3v230/RawWalk.h"
 #include "corvane/id3v230/TagImage.h"
+#include "corvane/platform/Inflate.h"
 
 #include <memory>
 #include <string>
@@ -13,8 +14,9 @@ namespace corvane {
 
 class TagGatherer {
 public:
-    TagGatherer(const std::string& path, const FileIdentity& identity)
-        : image_(new TagImage(path, identity)) {} // NOLINT: the constructor is private
+    TagGatherer(const std::string& path, const FileIdentity& identity, std::uint64_t fileSize)
+        : image_(new TagImage(path, identity)), // NOLINT: the constructor is private
+          budget_(fileSize) {}
 
     void setHead(const TagHead& head) { image_->head_ = head; }
     // Keeps the first reason only.
@@ -30,7 +32,9 @@ public:
         const auto take = [&](const RawFrame& frame) {
             const std::uint64_t data = frame.offset + RawFrame::kHeaderSize;
             const std::size_t size = gatheredSize(frame, source.atHand(data));
-            keep(frame, size == 0 ? Bytes{} : source.view(data, size));
+            const Bytes known = size == 0 ? Bytes{} : source.view(data, size);
+            noteInflation(frame, known);
+            keep(frame, known);
         };
         ended(walkRawFrames(source, begin, end, take), end);
     }
@@ -44,11 +48,13 @@ private:
     static constexpr std::size_t kUsualTextSize = 1000; // bytes
     static constexpr std::size_t kUsualFrames = 16;
 
+    void noteInflation(const RawFrame& frame, Bytes beginningOfData);
     static std::size_t gatheredSize(const RawFrame& frame, std::size_t atHand);
     void keep(const RawFrame& frame, Bytes data);
     void ended(const RawWalkEnd& walked, std::uint64_t end);
 
     std::shared_ptr<TagImage> image_;
+    InflationBudget budget_;
 };
 
 } // namespace corvane

@@ -26,11 +26,11 @@ constexpr const char* kUncovered =
 TagImage::TagImage(std::string path, const FileIdentity& identity) : path_(std::move(path)) { file_.set(identity); }
 
 std::shared_ptr<TagImage> TagImage::none(const std::string& path, const FileIdentity& identity) {
-    return TagGatherer(path, identity).done();
+    return TagGatherer(path, identity, 0).done();
 }
 
 std::shared_ptr<TagImage> TagImage::uncovered(const std::string& path, const FileIdentity& identity) {
-    TagGatherer image(path, identity);
+    TagGatherer image(path, identity, 0);
     image.refuse(kUncovered, Id3libError::NoFile);
     return image.done();
 }
@@ -50,6 +50,10 @@ std::size_t TagImage::indexOf(const RawFrame& frame) const {
 Bytes TagImage::head(const RawFrame& frame) const {
     const Gathered& place = gathered_[indexOf(frame)];
     return readerAt(memory_, place.offset).take(place.size).value_or(Bytes{});
+}
+
+bool TagImage::isTooLarge(const RawFrame& frame) const {
+    return std::binary_search(tooLarge_.begin(), tooLarge_.end(), frame.offset);
 }
 
 ByteArray TagImage::data(const RawFrame& frame) const {

@@ -77,6 +77,8 @@ public:
     // image is. Nothing is read.
     Bytes head(const RawFrame& frame) const;
     bool isInMemory(const RawFrame& frame) const { return head(frame).size() == frame.dataSize; }
+    // Whether a compressed frame would inflate beyond the limit of the tag (setInflationLimit).
+    bool isTooLarge(const RawFrame& frame) const;
     // Whether the frames' offsets are offsets of the file.
     bool hasFileOffsets() const { return (flags() & TagHead::kUnsynchronised) == 0; }
 
@@ -126,9 +128,10 @@ private:
     std::string path_;
     KnownFile file_;
     std::optional<TagHead> head_;
-    std::vector<RawFrame> frames_;   // by ascending offsets
-    std::vector<Gathered> gathered_; // one for each frame
-    ByteArray memory_;               // the gathered data, or the whole body with its unsynchronisation undone
+    std::vector<RawFrame> frames_;        // by ascending offsets
+    std::vector<Gathered> gathered_;      // one for each frame
+    std::vector<std::uint64_t> tooLarge_; // offsets of such frames, ascending
+    ByteArray memory_;                    // the gathered data, or the whole body with its unsynchronisation undone
     std::optional<Refusal> refusal_;
     Padding padding_;
     mutable LargeFrames large_;

@@ -55,7 +55,7 @@ void readPlain(TagGatherer& image, const TagHead& head, FileReader& file) {
 
 std::shared_ptr<TagImage> TagImage::read(FileReader& file, const std::string& path) {
     const auto head = decodeTagHead(file.view(0, TagHead::kByteCount));
-    TagGatherer image(path, file.identity());
+    TagGatherer image(path, file.identity(), file.size());
     if (!head) return image.done();
     image.setHead(*head);
     if (head->majorVersion != kVersion) {

@@ -1,10 +1,15 @@
 #include "corvane/platform/Inflate.h"
 
+#include "corvane/platform/InflationLimit.h"
+
 #include <zlib.h>
 
 #include <array>
+#include <cerrno>
+#include <limits>
 #include <new>
 #include <span>
+#include <string>
 #include <tuple>
 #include <utility>
 
@@ -38,6 +43,24 @@ private:
 };
 
 } // namespace
+
+InflationBudget::InflationBudget(std::uint64_t fileSize) {
+    const std::uint64_t limit = inflationLimit();
+    left_ = limit > std::numeric_limits<std::uint64_t>::max() - fileSize ? limit : limit + fileSize;
+}
+
+bool InflationBudget::take(std::uint64_t streamSize, std::uint64_t claimedSize) {
+    if (claimedSize / static_cast<std::uint64_t>(kLargestInflation) > streamSize) return true;
+    if (claimedSize > left_) return false;
+    left_ -= claimedSize;
+    return true;
+}
+
+RuntimeFailure inflationFailure() {
+    return {EFBIG, "ID3v2 frame",
+            "The compressed frames of a tag may not make more than " + std::to_string(inflationLimit()) +
+                " bytes beyond those of its file"};
+}
 
 std::optional<std::int32_t> inflatedSize(Bytes stream, std::int32_t claimedSize) {
     const std::int64_t mostPossible = kLargestInflation * static_cast<std::int64_t>(stream.size());

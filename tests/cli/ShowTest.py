@@ -2,9 +2,11 @@
 """corvane show: everything about a file, for people."""
 import os
 import re
+import resource
 import struct
 import sys
 import unittest
+import zlib
 
 import mp3
 from harness import CliTest
@@ -183,6 +185,20 @@ class Frames(Show):
                          mp3.frame23("COMM", "\0eng日本\0value".encode("latin-1", "replace"))])
         lines = self.sections(tag + mp3.audio())[f"ID3v2.3.0 tag, {len(tag)} bytes"]
         self.assertEqual(len({line.index("value") for line in lines[:3]}), 1)
+
+
+class Compressed(Show):
+    def test_frames_beyond_the_limit_of_the_tag_are_named_and_cost_nothing(self):
+        comment = b"\0eng\0" + bytes(100_000_000)
+        data = struct.pack(">I", len(comment)) + zlib.compress(comment)
+        bomb = b"COMM" + struct.pack(">IBB", len(data), 0, 0x80) + data
+        path = self.write("a.mp3", mp3.id3v2([bomb] * 20 + [mp3.frame23("TIT2", mp3.latin1("Title"))]) + mp3.audio())
+        before = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime
+        done = self.run_command("show", path, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (2**29, 2**29)))
+        self.assertLess(resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before, 10)
+        text = done.stdout.decode()
+        self.assertEqual(text.count("The compressed frames of a tag may not make more than 67108864 bytes beyond"), 20)
+        self.assertRegex(text, r"Title +Title")
 
 
 if __name__ == "__main__":

@@ -7,6 +7,7 @@
 #include "tests/id3v2/TagOnDisk.h"
 #include "tests/support/Failures.h"
 #include "tests/support/ImageBuilder.h"
+#include "tests/support/ProcessorTime.h"
 
 #include <gtest/gtest.h>
 
@@ -246,6 +247,55 @@ TEST(BackedID3V23Tag, LoadingIsASuccessWhateverComesOfIt) {
     EXPECT_TRUE(Internals<ID3V23Tag>::loadWithId3lib(reader, "/nowhere/at/all", {}));
     EXPECT_EQ(reader.FrameCount(), 0);
     EXPECT_EQ(reader.Title(), "");
+}
+
+// A tag of as many frames as an index is worth for.
+Id3v2Builder tagOfManyFrames() {
+    Id3v2Builder tag(3);
+    for (int i = 0; i < 500; ++i) tag.frame("PRIV", countedBytes(3));
+    return tag.text("TIT2", "title").text("TPE1", "first").text("TPE1", "second").frame("XYZW", countedBytes(5));
+}
+
+TEST(BackedID3V23Tag, AFrameIsFoundByItsIdWhateverBecomesOfTheRecords) {
+    TagOnDisk file(tagOfManyFrames());
+    const auto reader = readerOf(file);
+    EXPECT_EQ(reader->GetText("TPE1"), "first");
+    EXPECT_EQ(reader->GetFrameByID("XYZW")->RawData(), countedBytes(5));
+    EXPECT_EQ(reader->GetFrameByID("TCOM"), nullptr);
+    reader->Composer("added");
+    EXPECT_EQ(reader->GetText("TCOM"), "added");
+    const auto records = Internals<ID3V23Tag>::changeable(*reader)->Frames();
+    records->Item(10)->eType(static_cast<std::int16_t>(ID3_FrameID::ID3FID_COMPOSER));
+    records->Item(10)->vValue(std::string("retyped"));
+    EXPECT_EQ(reader->GetText("TCOM"), "retyped") << "it precedes the one that was added";
+    records->Item(502)->eType(static_cast<std::int16_t>(ID3_FrameID::ID3FID_ALBUM));
+    EXPECT_EQ(reader->GetText("TPE1"), "second");
+    EXPECT_EQ(reader->GetText("TALB"), "first");
+    reader->Title("");
+    EXPECT_NE(reader->GetFrameByID("TIT2"), nullptr) << "a deleted record stays in the collection";
+    EXPECT_EQ(reader->GetFrameByID("PRIV")->RawData(), countedBytes(3));
+}
+
+TEST(BackedID3V23Tag, FramesAreFoundByTheirIdsInNoTimeToSpeakOf) {
+    Id3v2Builder tag(3);
+    constexpr int kFrames = 90'000;
+    const auto idOf = [](int number) {
+        std::string id = "A000";
+        for (std::size_t place = 3; place > 0; --place, number /= 36) {
+            id[place] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"[number % 36];
+        }
+        if (number > 0) id[0] = static_cast<char>('A' + number);
+        return id;
+    };
+    for (int i = 0; i < kFrames; ++i) tag.frame(idOf(i), countedBytes(1));
+    TagOnDisk file(tag);
+    const auto reader = readerOf(file);
+    const double begin = processorSeconds();
+    for (int i = 0; i < kFrames; ++i) {
+        ASSERT_NE(reader->GetFrameByID(idOf(i)), nullptr) << i;
+        reader->GetText(idOf(i));
+    }
+    EXPECT_LT(processorSeconds() - begin, 10);
 }
 
 } // namespace

@@ -80,7 +80,7 @@ TEST(TagFrames, HundredsOfThousandsOfDifferentIdsTakeNoMinutes) {
         body.bigEndian(0x41000000U + i * 2654435761U % 0x00FFFFFFU, 4).bigEndian(1, 4).bigEndian(0, 2).byte(0);
     }
     const double begin = processorSeconds();
-    FrameGatherer gatherer(body.done());
+    FrameGatherer gatherer(body.done(), body.size());
     ASSERT_TRUE(gatherer.walk(Layout23{}, 0, body.size()).isComplete);
     const auto frames = gatherer.done();
     std::size_t found = 0;

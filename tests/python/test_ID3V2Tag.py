@@ -1,5 +1,7 @@
 """The facade of all ID3v2 versions, and the readers behind it."""
 import pathlib
+import struct
+import zlib
 
 import mp3
 import pytest
@@ -158,3 +160,21 @@ def test_version_2_is_read_only(open_mp3):
     assert reader.GetFrameByID("TYE").IsYear and reader.GetFrameByIndex(1).IsTitle
     assert reader.saveTag() is False
     assert reader.LastError.Stream() == "0, saveTag, Saving is not supported."
+
+
+def test_frames_beyond_the_limit_for_compressed_ones_cannot_be_read(open_mp3):
+    payload = mp3.latin1("x" * 100_000)
+    data = struct.pack(">I", len(payload)) + zlib.compress(payload)
+    file = mp3.id3v2([b"TIT2" + struct.pack(">IBB", len(data), 0, 0x80) + data]) + mp3.audio()
+    corvane.setInflationLimit(50_000)
+    try:
+        tag = open_mp3(file).ID3V2Tag
+        assert tag.Title == ""
+        assert tag.ID3V23Tag.LastError.Stream().startswith("27, ID3v2 frame, ")
+        with pytest.raises(corvane.Error):
+            tag.xml()
+    finally:
+        corvane.setInflationLimit(64 * 1024 * 1024)
+    assert open_mp3(file).ID3V2Tag.Title == "x" * 100_000
+    with pytest.raises(corvane.Error):
+        corvane.setInflationLimit(-1)
