@@ -11,6 +11,7 @@
 
 #include "tests/core/FileHandlerFiles.h"
 #include "tests/support/Failures.h"
+#include "tests/support/MpegBuilder.h"
 
 #include <sys/stat.h>
 
@@ -55,6 +56,22 @@ TEST_F(FileHandlerTest, AnMp3FileIsAnalysed) {
     EXPECT_TRUE(handler.HasID3V1Tag());
     EXPECT_FALSE(handler.HasID3V2Tag());
     EXPECT_EQ(handler.MPEGHeader()->BitRate(), 128);
+}
+
+// The header object is made once; what a Xing header has set stays for the files that come after it.
+TEST_F(FileHandlerTest, TheNumbersOfAXingHeaderStayOverASecondCreate) {
+    FileHandler handler;
+    ASSERT_TRUE(
+        handler.Create(folder_.write("vbr.mp3", joined({xingFrame({}, {.flags = 1, .frames = 1234}), audio()}))));
+    const auto header = handler.MPEGHeader();
+    EXPECT_TRUE(header->VBR());
+    EXPECT_EQ(header->NumFrames(), 1234);
+    ASSERT_TRUE(handler.Create(write(audio())));
+    EXPECT_EQ(handler.MPEGHeader(), header);
+    EXPECT_EQ(header->AudioSize(), 998) << "of the second file";
+    EXPECT_TRUE(header->VBR());
+    EXPECT_EQ(header->NumFrames(), 1234);
+    EXPECT_EQ(header->BitRate(), 0) << "998 bytes in 1234 frames: 0.248 kbit/s, rounded down";
 }
 
 TEST_F(FileHandlerTest, AZipArchiveIsRefused) {

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace corvane {
 namespace {
 
@@ -56,6 +58,29 @@ TEST(ID3V22Tag, FramesAreFoundByIdAndByIndex) {
     EXPECT_EQ(reader->GetFrameByIndex(3), nullptr);
     EXPECT_EQ(reader->GetText("TAL"), "a");
     EXPECT_EQ(reader->GetText("TP1"), "");
+}
+
+TEST(ID3V22Tag, AnExtremeIndexOrAPartOfAnIdGivesNothing) {
+    TagOnDisk file(Id3v2Builder(2).text("TAL", "a"));
+    const auto reader = file.tag.ID3V22Tag();
+    using Limits = std::numeric_limits<std::int32_t>;
+    for (const std::int32_t index : {Limits::min(), -1, 0, 2, Limits::max()}) {
+        EXPECT_EQ(reader->GetFrameByIndex(index), nullptr) << index;
+    }
+    for (const char* id : {"", "T", "TA", "TALB", "TAL;", "tal", "AL;"}) {
+        EXPECT_EQ(reader->GetFrameByID(id), nullptr) << id;
+        EXPECT_EQ(reader->GetText(id), "") << id;
+    }
+    EXPECT_EQ(reader->GetText("TAL"), "a");
+}
+
+TEST(ID3V22Tag, EveryRefusalIsAWarning) {
+    for (bool (ID3V22Tag::*refused)() : {&ID3V22Tag::canSave, &ID3V22Tag::removeTag, &ID3V22Tag::saveTag}) {
+        ID3V22Tag reader;
+        EXPECT_EQ(Internals<ID3V22Tag>::getErrorRecord(reader)->Severity, cError::kNone);
+        EXPECT_FALSE((reader.*refused)());
+        EXPECT_EQ(Internals<ID3V22Tag>::getErrorRecord(reader)->Severity, cError::kWarning);
+    }
 }
 
 TEST(ID3V22Tag, SavingAndRemovingAreNotSupported) {

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace corvane {
 namespace {
 
@@ -53,6 +55,29 @@ TEST(ID3V24Tag, FramesAreFoundByIdAndByIndex) {
 TEST(ID3V24Tag, Utf8IsReadInTheCodePageWithoutItsZeros) {
     TagOnDisk file(Id3v2Builder(4).frame("TPE1", bytesOf(std::string_view("\3\xC3\xA9\0x\0", 6))));
     EXPECT_EQ(file.tag.Artist(), "\3\u00C3\u00A9x");
+}
+
+TEST(ID3V24Tag, AnExtremeIndexOrAPartOfAnIdGivesNothing) {
+    TagOnDisk file(Id3v2Builder(4).text("TALB", "a"));
+    const auto reader = file.tag.ID3V24Tag();
+    using Limits = std::numeric_limits<std::int32_t>;
+    for (const std::int32_t index : {Limits::min(), -1, 0, 2, Limits::max()}) {
+        EXPECT_EQ(reader->GetFrameByIndex(index), nullptr) << index;
+    }
+    for (const char* id : {"", "T", "TAL", "TALBX", "TALB;", "talb", "ALB;"}) {
+        EXPECT_EQ(reader->GetFrameByID(id), nullptr) << id;
+        EXPECT_EQ(reader->GetText(id), "") << id;
+    }
+    EXPECT_EQ(reader->GetText("TALB"), "a");
+}
+
+TEST(ID3V24Tag, EveryRefusalIsAWarning) {
+    for (bool (ID3V24Tag::*refused)() : {&ID3V24Tag::canSave, &ID3V24Tag::removeTag, &ID3V24Tag::saveTag}) {
+        ID3V24Tag reader;
+        EXPECT_EQ(Internals<ID3V24Tag>::getErrorRecord(reader)->Severity, cError::kNone);
+        EXPECT_FALSE((reader.*refused)());
+        EXPECT_EQ(Internals<ID3V24Tag>::getErrorRecord(reader)->Severity, cError::kWarning);
+    }
 }
 
 TEST(ID3V24Tag, SavingAndRemovingAreNotSupported) {
