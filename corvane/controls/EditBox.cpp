@@ -87,7 +87,6 @@ void EditBox::selectAll() const {
 }
 
 void EditBox::replaceSelection(const QString& text, Undoable undoable) const {
-    if (isLocked()) return;
     if (text.isEmpty() && selectedLength() == 0) return;
     if (undoable == Undoable::No) {
         if (line_) replaceForGood(*line_, text);

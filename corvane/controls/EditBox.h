@@ -1,6 +1,7 @@
 // One-line and many-line text boxes alike: the edit commands and the questions about them.
 //
-// A box that is gone, or none at all, has no text and takes no command. A locked box keeps its text whatever is asked.
+// A box that is gone, or none at all, has no text and takes no command. A locked box takes no command of its user; a
+// program replaces its selection all the same.
 #pragma once
 
 #include <QLineEdit>

@@ -5,6 +5,7 @@
 #include "corvane/controls/Id3v1Form.h"
 #include "corvane/controls/Id3v1Rules.h"
 #include "corvane/controls/Id3v1Tags.h"
+#include "corvane/controls/OwnState.h"
 #include "corvane/controls/Text.h"
 
 #include <QCursor>
@@ -199,12 +200,12 @@ void ID3v1::enableFields() {
 
 bool ID3v1::HasTag() const { return form_->chkID3v1->checkState() == Qt::Checked; }
 
-bool ID3v1::saveTag() const { return HasTag() && form_->chkID3v1->isEnabled(); }
+bool ID3v1::saveTag() const { return HasTag() && isEnabledIn(*this, *form_->chkID3v1); }
 
 bool ID3v1::removeTag() const {
     const auto tag = tags_->shown();
     if (tag && tag->TagType() == EID3TagConstants::ID3Unknown) return false; // there is nothing to remove
-    return form_->chkID3v1->checkState() == Qt::Unchecked && form_->chkID3v1->isEnabled();
+    return form_->chkID3v1->checkState() == Qt::Unchecked && isEnabledIn(*this, *form_->chkID3v1);
 }
 
 // --- the widget

@@ -3,6 +3,7 @@
 #include "corvane/controls/FailureWall.h"
 #include "corvane/controls/FieldColour.h"
 #include "corvane/controls/LyricsForm.h"
+#include "corvane/controls/OwnState.h"
 #include "corvane/controls/Text.h"
 #include "corvane/lyrics/LyricsTag.h"
 
@@ -58,7 +59,7 @@ void Lyrics::LyricsTag(std::shared_ptr<corvane::LyricsTag> theLyricsTag) {
 }
 
 bool Lyrics::removeTag() const {
-    return form_->chkLyrics->checkState() == Qt::Unchecked && form_->chkLyrics->isEnabled();
+    return form_->chkLyrics->checkState() == Qt::Unchecked && isEnabledIn(*this, *form_->chkLyrics);
 }
 
 bool Lyrics::HasTag() const { return form_->chkLyrics->checkState() == Qt::Checked; }

@@ -57,7 +57,10 @@ void cTextBox::Cut() { box_->cut(); }
 
 void cTextBox::Copy() { box_->copy(); }
 
-void cTextBox::Paste() { box_->paste(); }
+// A box would paste the addresses of copied files.
+void cTextBox::Paste() {
+    if (CanPaste()) box_->paste();
+}
 
 void cTextBox::Undo() { box_->undo(); }
 
@@ -69,7 +72,7 @@ bool cTextBox::CanCopy() const { return box_->selectedLength() > 0; }
 
 bool cTextBox::CanPaste() const {
     const QMimeData* content = QGuiApplication::clipboard()->mimeData();
-    return content && content->hasText();
+    return content && content->hasFormat(QStringLiteral("text/plain")); // hasText is true for copied files as well
 }
 
 bool cTextBox::CanUndo() const { return box_->canUndo(); }

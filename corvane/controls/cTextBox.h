@@ -32,7 +32,7 @@ public:
     // Sets the box: a QLineEdit or a QPlainTextEdit; nothing, or any other widget, leaves this object without a box.
     void TextBox(QWidget* txtThis);
 
-    // The edit commands of the box itself. A locked (read-only) box keeps its text.
+    // The edit commands of the box itself. A locked (read-only) box takes none that would change its text.
     void Cut();
     void Copy();
     void Paste();
@@ -41,14 +41,15 @@ public:
 
     bool CanCut() const;       // not locked, and something is selected
     bool CanCopy() const;      // something is selected
-    bool CanPaste() const;     // the clipboard holds text
+    bool CanPaste() const;     // the clipboard holds text; copied files are none
     bool CanUndo() const;      // there is a step to take back
     bool CanSelectAll() const; // nothing is selected, and there is text
 
-    // Puts a text in the place of the selection. bAllowUndo: 0 or "False" for a step that cannot be undone, and nothing
-    // before it either; it can when the argument is left out.
+    // Puts a text in the place of the selection, in a locked box too. bAllowUndo: 0 or "False" for a step that cannot
+    // be undone, and nothing before it either; it can when the argument is left out.
     void ReplaceSelection(std::string_view sText, const Variant& bAllowUndo = {});
-    // Removes the selection, never undoably: the argument is accepted and has no effect. Hosts rely on that.
+    // Removes the selection, in a locked box too and never undoably: the argument is accepted and has no effect. Hosts
+    // rely on that.
     void Delete(const Variant& bAllowUndo = {});
 
     // Whether the box is kept from showing a context menu of its own. Without a box a write has no effect.

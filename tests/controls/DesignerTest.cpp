@@ -8,6 +8,7 @@
 #include <QtDesigner/QExtensionManager>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
+#include <QDir>
 #include <QFormBuilder>
 #include <QIcon>
 #include <QLineEdit>
@@ -76,6 +77,8 @@ private Q_SLOTS:
     void buildsAFormWithEveryControl();
     void everyControlTellsWhatDesignerShows_data();
     void everyControlTellsWhatDesignerShows();
+    void everyControlHasAnIconOfPixelsAndOfItsOwn_data() { everyControlTellsWhatDesignerShows_data(); }
+    void everyControlHasAnIconOfPixelsAndOfItsOwn();
     void aNewControlIsWellFormed_data() { everyControlTellsWhatDesignerShows_data(); }
     void aNewControlIsWellFormed();
     void everyHintBelongsToAProperty_data() { everyControlTellsWhatDesignerShows_data(); }
@@ -158,6 +161,21 @@ void DesignerTest::everyControlTellsWhatDesignerShows() {
     QWidget* made = shown->createWidget(&parent);
     QCOMPARE(made->parentWidget(), &parent);
     QTEST(QString::fromLatin1(made->metaObject()->className()), "name");
+}
+
+// Designer shows Qt's logo for a control whose icon has pixels only while it is painted.
+void DesignerTest::everyControlHasAnIconOfPixelsAndOfItsOwn() {
+    const QIcon icon = control()->icon();
+    const QList<QSize> sizes = icon.availableSizes();
+    QVERIFY(sizes.contains(QSize(22, 22)) && sizes.contains(QSize(44, 44)));
+    const QImage shown = icon.pixmap(22, 22).toImage();
+    const QDir images(QStringLiteral(":/qt-project.org/formeditor/images"));
+    const QStringList logos = images.entryList({QStringLiteral("qtlogo*")});
+    QVERIFY(!logos.isEmpty());
+    for (const QString& logo : logos) QVERIFY(shown != QIcon(images.filePath(logo)).pixmap(22, 22).toImage());
+    static QList<QImage> others;
+    for (const QImage& other : others) QVERIFY(shown != other);
+    others << shown;
 }
 
 void DesignerTest::aNewControlIsWellFormed() {

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aTagEndsTheGreyThirdState();
     void theHostIsAskedToSaveOrRemove_data();
     void theHostIsAskedToSaveOrRemove();
+    void aDisabledWindowAroundItChangesNoAnswer();
     void disablingReachesFieldsAndButtons();
     void lockingKeepsFieldsAndPicture();
     void editsAreTold();
@@ -81,6 +82,17 @@ void ID3v2UseTest::theHostIsAskedToSaveOrRemove() {
     QTEST(control_->saveTag(), "save");
     QTEST(control_->removeTag(), "remove");
     QTEST(control_->HasTag(), "checked");
+}
+
+void ID3v2UseTest::aDisabledWindowAroundItChangesNoAnswer() {
+    give(fullTag());
+    QWidget window;
+    control_->setParent(&window);
+    window.setEnabled(false);
+    QVERIFY(control_->saveTag() && !control_->removeTag());
+    check().setChecked(false);
+    QVERIFY(!control_->saveTag() && control_->removeTag());
+    control_->setParent(nullptr);
 }
 
 void ID3v2UseTest::disablingReachesFieldsAndButtons() {

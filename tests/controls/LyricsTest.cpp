@@ -58,6 +58,7 @@ private Q_SLOTS:
     void tabsVisitTheFieldsInOrder();
     void everyFieldHasANameForScreenReaders();
     void mnemonicsLeadToTheFields();
+    void aDisabledWindowAroundItChangesNoAnswer();
     void hostsAreToldWhenTheUserDecides();
     void propertiesAreKnownToForms();
 
@@ -95,6 +96,14 @@ void LyricsTest::aTagIsShownAndCannotBeChosen() {
     QCOMPARE(line("txtAlbum").text(), QString::fromUtf8("Álbum"));
     QCOMPARE(line("txtAuthor").text(), "An author");
     QCOMPARE(lyrics().toPlainText(), "[00:01]one\n[00:02]two");
+}
+
+void LyricsTest::aDisabledWindowAroundItChangesNoAnswer() {
+    QWidget window;
+    control_->setParent(&window);
+    window.setEnabled(false);
+    QVERIFY(control_->removeTag() && !control_->HasTag());
+    control_->setParent(nullptr);
 }
 
 void LyricsTest::noTagLeavesTheBoxToTheUser() {

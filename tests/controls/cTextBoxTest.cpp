@@ -34,6 +34,8 @@ private Q_SLOTS:
     void canSelectAllOnlyWithTextAndWithoutSelection();
     void canPasteWhenTheClipboardHoldsText_data() { kinds(); }
     void canPasteWhenTheClipboardHoldsText();
+    void copiedFilesAreNoTextToPaste_data() { kinds(); }
+    void copiedFilesAreNoTextToPaste();
     void replaceSelectionCanBeUndoneUnlessToldOtherwise_data();
     void replaceSelectionCanBeUndoneUnlessToldOtherwise();
     void deleteCannotBeUndoneWhateverIsAsked_data() { kinds(); }
@@ -43,8 +45,10 @@ private Q_SLOTS:
     void aBoxWithoutHistoryStaysWithout();
     void aBoxOfLimitedLengthKeepsItsEnd_data();
     void aBoxOfLimitedLengthKeepsItsEnd();
-    void aLockedBoxKeepsItsText_data() { kinds(); }
-    void aLockedBoxKeepsItsText();
+    void aLockedBoxKeepsItsTextWhateverItsUserDoes_data() { kinds(); }
+    void aLockedBoxKeepsItsTextWhateverItsUserDoes();
+    void aProgramReplacesTheSelectionInALockedBoxToo_data() { kinds(); }
+    void aProgramReplacesTheSelectionInALockedBoxToo();
 };
 
 void cTextBoxTest::cutTakesTheSelectionToTheClipboard() {
@@ -118,6 +122,16 @@ void cTextBoxTest::canPasteWhenTheClipboardHoldsText() {
     QVERIFY(!textBox.CanPaste());
     putOnClipboard("text");
     QVERIFY(textBox.CanPaste());
+}
+
+void cTextBoxTest::copiedFilesAreNoTextToPaste() {
+    cTextBox& textBox = wrapped("one");
+    auto* files = new QMimeData;
+    files->setUrls({QUrl::fromLocalFile("/music/a.mp3")});
+    QGuiApplication::clipboard()->setMimeData(files);
+    QVERIFY(!textBox.CanPaste());
+    textBox.Paste();
+    QCOMPARE(textOf(*box_), "one");
 }
 
 void cTextBoxTest::replaceSelectionCanBeUndoneUnlessToldOtherwise_data() {
@@ -212,7 +226,7 @@ void cTextBoxTest::aBoxOfLimitedLengthKeepsItsEnd() {
     QTEST(line.text(), "text");
 }
 
-void cTextBoxTest::aLockedBoxKeepsItsText() {
+void cTextBoxTest::aLockedBoxKeepsItsTextWhateverItsUserDoes() {
     cTextBox& textBox = wrapped("one");
     type(*box_, "x");
     const QString before = textOf(*box_);
@@ -223,10 +237,23 @@ void cTextBoxTest::aLockedBoxKeepsItsText() {
     textBox.Cut();
     textBox.Paste();
     textBox.Undo();
-    textBox.Delete();
-    textBox.ReplaceSelection("new");
     QCOMPARE(textOf(*box_), before);
     QCOMPARE(clipboardText(), "other");
+}
+
+void cTextBoxTest::aProgramReplacesTheSelectionInALockedBoxToo() {
+    cTextBox& textBox = wrapped("one two");
+    lock(*box_);
+    select(*box_, 0, 4);
+    textBox.Delete();
+    QCOMPARE(textOf(*box_), "two");
+    select(*box_, 0, 3);
+    textBox.ReplaceSelection("drei");
+    QCOMPARE(textOf(*box_), "drei");
+    select(*box_, 0, 4);
+    textBox.ReplaceSelection("vier", false);
+    QCOMPARE(textOf(*box_), "vier");
+    QVERIFY(box_->property("readOnly").toBool());
 }
 
 static const bool kRegistered = registerTest<cTextBoxTest>("cTextBoxTest");

@@ -34,7 +34,13 @@ QString ControlPlugin::whatsThis() const { return kind_.description; }
 
 QString ControlPlugin::includeFile() const { return QLatin1String(kind_.header); }
 
-QIcon ControlPlugin::icon() const { return QIcon(QStringLiteral(":/corvane/designer/") + QLatin1String(kind_.icon)); }
+// As pixels: Designer shows its own picture for an icon that is drawn only when it is painted.
+QIcon ControlPlugin::icon() const {
+    const QIcon drawing(QStringLiteral(":/corvane/designer/") + QLatin1String(kind_.icon));
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 44, 48}) icon.addPixmap(drawing.pixmap(QSize(side, side), 1.0));
+    return icon;
+}
 
 void ControlPlugin::initialize(QDesignerFormEditorInterface* /*core*/) { initialized_ = true; }
 
