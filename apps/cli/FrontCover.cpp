@@ -64,7 +64,8 @@ void addFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
 
 // A picture that is there keeps its place and description; one without a type gives way to one that has it.
 void replace(ID3V230& tag, ID3V230Frame& record, const std::shared_ptr<Picture>& picture) {
-    if (picture && typeOf(record) == kFrontCover) {
+    const bool hasNoType = typeOf(record) == kNoType && record.sDescription().empty();
+    if (picture && !hasNoType) {
         record.Picture(picture);
         record.bChanged(true);
         return;
@@ -73,17 +74,8 @@ void replace(ID3V230& tag, ID3V230Frame& record, const std::shared_ptr<Picture>&
     if (picture) addFrontCover(tag, picture);
 }
 
-} // namespace
-
-std::optional<std::shared_ptr<Picture>> frontCover(const ID3V230& tag) {
-    const RecordPointer record = findFrontCover(tag);
-    if (!record) return std::shared_ptr<Picture>();
-    auto picture = record->Picture();
-    return picture ? std::optional(std::move(picture)) : std::nullopt;
-}
-
-std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
-    const RecordPointer record = findFrontCover(tag);
+std::optional<FieldChange> setPicture(ID3V230& tag, const RecordPointer& record,
+                                      const std::shared_ptr<Picture>& picture) {
     if (!record && !picture) return std::nullopt;
     const ByteArray before = record ? record->PictureRAW() : ByteArray();
     if (picture && std::ranges::equal(picture->bytes(), before)) return std::nullopt;
@@ -94,6 +86,31 @@ std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Pic
     }
     return FieldChange{"picture", record ? imageText(before) : std::string(),
                        picture ? imageText(picture->bytes()) : std::string()};
+}
+
+std::optional<std::shared_ptr<Picture>> pictureOf(const RecordPointer& record) {
+    if (!record) return std::shared_ptr<Picture>();
+    auto picture = record->Picture();
+    return picture ? std::optional(std::move(picture)) : std::nullopt;
+}
+
+RecordPointer findShownPicture(const ID3V230& tag) {
+    if (auto cover = findFrontCover(tag)) return cover;
+    return findPicture(tag, [](const ID3V230Frame&) { return true; });
+}
+
+} // namespace
+
+std::optional<std::shared_ptr<Picture>> frontCover(const ID3V230& tag) { return pictureOf(findFrontCover(tag)); }
+
+std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
+    return setPicture(tag, findFrontCover(tag), picture);
+}
+
+std::optional<std::shared_ptr<Picture>> shownPicture(const ID3V230& tag) { return pictureOf(findShownPicture(tag)); }
+
+std::optional<FieldChange> setShownPicture(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
+    return setPicture(tag, findShownPicture(tag), picture);
 }
 
 } // namespace corvane::cli

@@ -1,4 +1,4 @@
-// The front cover among the pictures of an ID3v2.3 tag.
+// The picture among those of an ID3v2.3 tag that people mean: the front cover, or the one that an editor shows.
 #pragma once
 
 #include "corvane/id3v230/ID3V230.h"
@@ -21,5 +21,13 @@ std::optional<std::shared_ptr<Picture>> frontCover(const ID3V230& tag);
 // is the picture without a type and a description: programs that know no types write the cover like that. All other
 // pictures stay.
 std::optional<FieldChange> setFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture);
+
+// The picture that an editor shows of the tag: the front cover, else the first picture, whatever their descriptions
+// are. nullptr where there is none, nothing where it is no image that the library knows.
+std::optional<std::shared_ptr<Picture>> shownPicture(const ID3V230& tag);
+// Puts the picture in the place of the one that is shown, which keeps its type and description, or takes that out where
+// there is no picture. A tag without pictures gets a front cover. Nothing when the tag has these very bytes there
+// already.
+std::optional<FieldChange> setShownPicture(ID3V230& tag, const std::shared_ptr<Picture>& picture);
 
 } // namespace corvane::cli

@@ -9,7 +9,6 @@
 #include "apps/cli/FrontCover.h"
 #include "apps/cli/Id3v2Saving.h"
 #include "apps/cli/LibraryFailure.h"
-#include "apps/cli/PictureText.h"
 
 #include <fmt/core.h>
 
@@ -117,17 +116,6 @@ void addQuoteWarnings(const ID3V230& tag, std::vector<std::string>& warnings) {
         if (!losesQuotes(*record)) continue;
         warnings.push_back(fmt::format("{}: double quotes in the file become apostrophes", record->FrameAbbr()));
     }
-}
-
-std::optional<FieldChange> setShownPicture(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
-    const auto before = tag.Picture();
-    const auto textOf = [](const std::shared_ptr<Picture>& image) {
-        return image ? imageText(image->bytes()) : std::string();
-    };
-    const bool isSame = before && picture ? std::ranges::equal(before->bytes(), picture->bytes()) : before == picture;
-    if (isSame) return std::nullopt;
-    tag.Picture(picture);
-    return FieldChange{"picture", textOf(before), textOf(picture)};
 }
 
 } // namespace

@@ -21,8 +21,7 @@ struct TagValues {
     std::optional<std::string> composer, originalArtist, copyright, url, encodedBy, lyrics;
     std::optional<std::string> syncedLyrics;         // lines "[mm:ss.f] text"; the command has no option for them
     std::optional<std::shared_ptr<Picture>> picture; // the front cover; without a picture inside it is deleted
-    // The picture without a description, of whatever type, which is the one that editors of the tag show. The command
-    // has no option for it.
+    // The picture that an editor shows, see shownPicture in FrontCover.h. The command has no option for it.
     std::optional<std::shared_ptr<Picture>> shownPicture;
 };
 

@@ -27,9 +27,9 @@ OldTag PictureKeeper::oldTag(const std::string& path, const TagValues& inFile, c
     ID3V230 tag;
     Internals<ID3V230>::bind(tag, std::move(image));
     OldTag old;
-    const auto cover = cli::frontCover(tag);
+    const auto cover = cli::frontCover(tag), shown = cli::shownPicture(tag);
     if (cover && (isRemoved || wanted.cover)) old.cover = kept(*cover);
-    if (isRemoved || wanted.picture) old.picture = kept(tag.Picture());
+    if (shown && (isRemoved || wanted.picture)) old.picture = kept(*shown);
     // No picture is what a tag begins with.
     if (isRemoved && old.cover == nullptr) old.cover.reset();
     if (isRemoved && old.picture == nullptr) old.picture.reset();

@@ -1,8 +1,11 @@
 #include "apps/editor/OpenedFile.h"
 
+#include "corvane/id3v2/ID3V23TagInternals.h"
 #include "corvane/id3v2/ID3V2TagInternals.h"
+#include "corvane/id3v230/ID3V230.h"
 #include "corvane/platform/RuntimeFailure.h"
 
+#include "apps/cli/FrontCover.h"
 #include "apps/cli/LibraryFailure.h"
 
 namespace corvane::editor {
@@ -16,6 +19,11 @@ void tryText(ID3V2Tag& tag, Field field, const std::string& text) {
     } catch (const RuntimeFailure&) {
         return;
     }
+}
+
+ID3V230* changeableIn(ID3V2Tag& tag) {
+    const auto reader = tag.ID3V23Tag();
+    return reader ? Internals<ID3V23Tag>::changeable(*reader).get() : nullptr;
 }
 
 } // namespace
@@ -33,9 +41,17 @@ std::shared_ptr<ID3V2Tag> OpenedFile::id3v2Tag(const TagValues& wanted) {
     for (std::size_t at = 0; at < kFieldCount; ++at) {
         if (wanted.present && wanted.texts[at] != now.texts[at]) tryText(*tag, fieldAt(at), wanted.texts[at]);
     }
-    if (wanted.cover) tag->Picture(*wanted.cover);
-    if (wanted.picture) tag->Picture(*wanted.picture);
+    if (ID3V230* changeable = changeableIn(*tag)) {
+        if (wanted.cover) cli::setFrontCover(*changeable, *wanted.cover);
+        if (wanted.picture) cli::setShownPicture(*changeable, *wanted.picture);
+    }
     return tag;
+}
+
+// A tag that can only be read keeps one picture.
+std::shared_ptr<Picture> OpenedFile::pictureOf(ID3V2Tag& tag) {
+    const ID3V230* changeable = changeableIn(tag);
+    return changeable ? cli::shownPicture(*changeable).value_or(nullptr) : tag.Picture();
 }
 
 // The file has nothing in front of its audio that could be read, so the tag that reads it is empty.

@@ -23,6 +23,8 @@ public:
 
     // The tag with these values, for an editor to show. A file without a tag gets an empty one in memory.
     std::shared_ptr<ID3V2Tag> id3v2Tag(const TagValues& wanted);
+    // The picture of that tag to be shown.
+    static std::shared_ptr<Picture> pictureOf(ID3V2Tag& tag);
 
 private:
     std::shared_ptr<ID3V2Tag> draft() const;

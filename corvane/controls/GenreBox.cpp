@@ -4,7 +4,9 @@
 #include "corvane/controls/Text.h"
 #include "corvane/id3v1/Genres.h"
 
+#include <QCompleter>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -74,12 +76,39 @@ void GenreBox::showGenre(std::uint8_t genre, const Genres& names) {
 void GenreBox::clearGenre(const QString& ownText) {
     changeTold_ = false;
     const QScopedValueRollback showing(showing_, true);
-    setPlaceholderText(ownText.isEmpty() ? QStringLiteral(" ") : ownText);
+    setPlaceholderText(ownText.isEmpty() || isEditable() ? QStringLiteral(" ") : ownText);
     setCurrentIndex(-1);
+    if (isEditable()) setEditText(ownText);
     showNumber(std::nullopt);
 }
 
-void GenreBox::setLocked(bool locked) { locked_ = locked; }
+void GenreBox::setLocked(bool locked) {
+    locked_ = locked;
+    if (isEditable()) lineEdit()->setReadOnly(locked);
+}
+
+// --- any text
+
+void GenreBox::allowAnyText() {
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    completer()->setCompletionMode(QCompleter::PopupCompletion);
+    lineEdit()->setReadOnly(locked_);
+    lineEdit()->setObjectName(QStringLiteral("txtGenre"));
+    lineEdit()->setAccessibleName(accessibleName());
+    connect(lineEdit(), &QLineEdit::textEdited, this, &GenreBox::takeText);
+}
+
+QString GenreBox::ownText() const { return isEditable() && byteLabel_->text().isEmpty() ? currentText() : QString(); }
+
+void GenreBox::takeText(const QString& text) {
+    if (showing_) return;
+    behindWall("GenreBox", [&] {
+        const int at = findText(text.trimmed(), Qt::MatchFixedString); // in any case
+        showNumber(at < 0 ? std::nullopt : std::optional(itemData(at).toInt()));
+        Q_EMIT genreChosen();
+    });
+}
 
 // A choice of another item is told twice, as change and as activation, that of the current item as activation only.
 void GenreBox::choose(Told told) {
@@ -97,7 +126,7 @@ void GenreBox::choose(Told told) {
 // own it shows exactly that one behind its text, as a text box does.
 void GenreBox::paintEvent(QPaintEvent* event) {
     QComboBox::paintEvent(event);
-    if (!testAttribute(Qt::WA_SetPalette)) return;
+    if (!testAttribute(Qt::WA_SetPalette) || isEditable()) return;
     QStyleOptionComboBox option;
     initStyleOption(&option);
     if (currentIndex() < 0) option.currentText = placeholderText();

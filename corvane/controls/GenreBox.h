@@ -31,12 +31,19 @@ public:
     // Selects nothing and empties the label. A text that is no item of the list is still seen in its place.
     void clearGenre(const QString& ownText = {});
 
+    // Lets the user type any text, which is no number then unless the list has it as a name.
+    void allowAnyText();
+    // What the user has typed, or the text that clearGenre was given, while the label shows no number; "" otherwise. A
+    // list that takes no text has none.
+    QString ownText() const;
+
     // A locked list shows its genre and lets nobody choose.
     bool isLocked() const { return locked_; }
     void setLocked(bool locked);
 
 Q_SIGNALS:
-    // The genre was chosen, by the user or by a program that selects an item; choosing the same one again counts.
+    // The genre was chosen or typed, by the user or by a program that selects an item; choosing the same one again
+    // counts.
     void genreChosen();
 
 protected:
@@ -47,6 +54,7 @@ private:
     void fill();
     enum class Told : std::uint8_t { Change, Activation };
     void choose(Told told);
+    void takeText(const QString& text);
     void showNumber(std::optional<int> number);
 
     QLabel* byteLabel_; // a child of the same parent

@@ -2,6 +2,7 @@
 
 #include "corvane/controls/FailureWall.h"
 #include "corvane/controls/Id3v2Form.h"
+#include "corvane/controls/OwnState.h"
 #include "corvane/controls/Text.h"
 #include "corvane/id3v1/Genres.h"
 #include "corvane/platform/RuntimeFailure.h"
@@ -9,6 +10,7 @@
 
 #include <QCursor>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace corvane::controls {
 
@@ -90,6 +92,7 @@ void ID3v2::ID3V2Tag(const std::any& tag) {
 void ID3v2::begin(bool given) {
     const auto* reference = std::any_cast<TagReference>(&tag_);
     canSave_ = reference && *reference && (*reference)->canSave();
+    hasOwnPicture_ = false;
     Clear();
     {
         const QScopedValueRollback showing(showing_, true);
@@ -125,6 +128,7 @@ Id3v2Values ID3v2::collect() const {
     Id3v2Values values;
     for (std::size_t at = 0; at < values.texts.size(); ++at) values.texts[at] = fromQt(form_->text(at));
     if (!form_->cmbGenre->byteLabel().text().isEmpty()) values.genre = form_->cmbGenre->genre();
+    values.genreText = fromQt(form_->cmbGenre->ownText());
     values.picture = form_->grpPicture->picture();
     return values;
 }
@@ -135,10 +139,23 @@ TagReference ID3v2::ID3V2Tag() {
     if (!reference) {
         throw failure(kRead, std::any_cast<XmlNode>(&tag_) ? "Copy to XML-based tag not yet supported." : kInvalidType);
     }
-    const Id3v2Values wanted = collect();
+    Id3v2Values wanted = collect();
+    if (hasOwnPicture_) wanted.picture = shown_->picture;
     writeChanges(**reference, *shown_, wanted);
     *shown_ = wanted;
     return *reference;
+}
+
+void ID3v2::AllowAnyGenre() {
+    form_->cmbGenre->allowAnyText();
+    form_->editMenu->attach(*form_->cmbGenre->lineEdit());
+}
+
+std::shared_ptr<Picture> ID3v2::ShownPicture() const { return form_->grpPicture->picture(); }
+
+void ID3v2::ShownPicture(std::shared_ptr<Picture> value) {
+    hasOwnPicture_ = true;
+    form_->grpPicture->showPicture(std::move(value));
 }
 
 void ID3v2::check() {
@@ -149,9 +166,11 @@ void ID3v2::check() {
 
 bool ID3v2::HasTag() const { return form_->chkID3v2->checkState() == Qt::Checked; }
 
-bool ID3v2::saveTag() const { return HasTag() && form_->chkID3v2->isEnabled(); }
+bool ID3v2::saveTag() const { return HasTag() && isEnabledIn(*this, *form_->chkID3v2); }
 
-bool ID3v2::removeTag() const { return form_->chkID3v2->checkState() == Qt::Unchecked && form_->chkID3v2->isEnabled(); }
+bool ID3v2::removeTag() const {
+    return form_->chkID3v2->checkState() == Qt::Unchecked && isEnabledIn(*this, *form_->chkID3v2);
+}
 
 // --- the widget
 

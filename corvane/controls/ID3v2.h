@@ -51,6 +51,17 @@ public:
     // "ucID3v2xTag::ID3V2Tag", "Invalid type of tag passed.") for anything else.
     void ID3V2Tag(const std::any& tag);
 
+    // The picture that is shown: the tag's Picture, which is the one without a description, or what the user has put in
+    // its place. Nothing for none.
+    std::shared_ptr<Picture> ShownPicture() const;
+    // Shows another picture, for hosts that choose among those of a tag themselves. Such a host takes what becomes of
+    // it from ShownPicture: until the next tag is given, ID3V2Tag leaves the pictures of the tag as they are.
+    void ShownPicture(std::shared_ptr<Picture> value);
+
+    // Lets the user type a genre that the list lacks. It is written as it was typed; one of the list is written as
+    // number and name, as always.
+    void AllowAnyGenre();
+
     bool removeTag() const; // the user wants the file's tag to be removed
     bool saveTag() const;   // the user wants the tag to be saved
     bool HasTag() const;    // the box "ID3v2 tag" is checked
@@ -95,7 +106,8 @@ private:
     bool enabled_ = true;
     bool locked_ = false;
     bool canSave_ = false;
-    bool showing_ = false; // the fields are being filled, which is no edit
+    bool hasOwnPicture_ = false; // the host has chosen the picture that is shown
+    bool showing_ = false;       // the fields are being filled, which is no edit
 };
 
 } // namespace corvane::controls

@@ -19,7 +19,7 @@ void fitTo(QLineEdit& box, const QString& longest) {
 } // namespace
 
 Id3v1Form::Id3v1Form(QWidget& editor) : editor_(editor) {
-    chkID3v1 = new QCheckBox(tr("ID3&v1 tag"), &editor);
+    chkID3v1 = new QCheckBox(tr("ID3v&1 tag"), &editor);
     chkID3v1->setObjectName(QStringLiteral("chkID3v1"));
     cmdPrevious = arrow("cmdPrevious", Qt::LeftArrow, tr("Previous tag"));
     lblPosition = new QLabel(&editor);

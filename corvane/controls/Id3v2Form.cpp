@@ -90,7 +90,7 @@ void Id3v2Form::layOutTop() {
     addRow(*grid, tr("&Comment"), Comment);
     addRow(*grid, tr("Co&mposer"), Composer);
     addRow(*grid, tr("Or&iginal artist"), OriginalArtist);
-    addRow(*grid, tr("Copyrig&ht"), Copyright);
+    addRow(*grid, tr("Co&pyright"), Copyright);
     addRow(*grid, tr("&URL"), Url);
     addRow(*grid, tr("Enco&ded by"), EncodedBy);
     grid->setColumnStretch(1, 1);

@@ -37,9 +37,10 @@ void readGenre(ID3V2Tag& tag, Id3v2Values& values) {
     values.genre = number >= 0 ? genreOfNumber(number) : genreOfText(values.genreText);
 }
 
-std::string genreToWrite(std::optional<std::uint8_t> genre) {
-    if (!genre || *genre == kUndefinedGenre) return {};
-    return "(" + std::to_string(*genre) + ")" + std::string(genreName(*genre));
+std::string genreToWrite(const Id3v2Values& wanted) {
+    if (!wanted.genre) return wanted.genreText;
+    if (*wanted.genre == kUndefinedGenre) return {};
+    return "(" + std::to_string(*wanted.genre) + ")" + std::string(genreName(*wanted.genre));
 }
 
 } // namespace
@@ -72,7 +73,7 @@ void writeChanges(ID3V2Tag& tag, const Id3v2Values& shown, const Id3v2Values& wa
     for (std::size_t at = 0; at < kId3v2Texts.size(); ++at) {
         if (at != text_row::Year && wanted.texts[at] != shown.texts[at]) (tag.*kId3v2Texts[at].write)(wanted.texts[at]);
     }
-    if (wanted.genre != shown.genre) tag.Genre(genreToWrite(wanted.genre));
+    if (wanted.genre != shown.genre || wanted.genreText != shown.genreText) tag.Genre(genreToWrite(wanted));
     if (wanted.picture != shown.picture) tag.Picture(wanted.picture);
 }
 

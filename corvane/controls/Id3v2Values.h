@@ -64,7 +64,7 @@ inline constexpr const char* kNoYear = "0"; // what a tag without a year tells
 struct Id3v2Values {
     std::array<std::string, kId3v2Texts.size()> texts; // UTF-8
     std::optional<std::uint8_t> genre;                 // number, where the tag tells one that the table knows
-    std::string genreText;                             // as the tag has it
+    std::string genreText;                             // as the tag has it; what is to be written without a number
     std::shared_ptr<Picture> picture;
 };
 

@@ -1,11 +1,11 @@
 #include "corvane/controls/PicturePanel.h"
 
 #include "corvane/controls/FailureWall.h"
+#include "corvane/controls/PictureFile.h"
 #include "corvane/controls/Text.h"
 
 #include <QBuffer>
 #include <QDragEnterEvent>
-#include <QFile>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QImage>
@@ -18,8 +18,7 @@ namespace corvane::controls {
 
 namespace {
 
-constexpr qint64 kLargestFile = 64 << 20; // bytes; a larger one is no cover
-constexpr int kSmallestSide = 120;        // pixels
+constexpr int kSmallestSide = 120; // pixels
 
 QPixmap pixelsOf(const Picture& picture) {
     const Bytes bytes = picture.bytes();
@@ -53,7 +52,7 @@ PicturePanel::PicturePanel(QWidget* parent)
       image_(new QLabel(this)),
       facts_(new QLabel(this)),
       load_(new QPushButton(tr("L&oad…"), this)),
-      clear_(new QPushButton(tr("Cl&ear"), this)) {
+      clear_(new QPushButton(tr("C&lear"), this)) {
     setObjectName(QStringLiteral("grpPicture"));
     setAcceptDrops(true);
     image_->setObjectName(QStringLiteral("picMain"));
@@ -113,15 +112,10 @@ void PicturePanel::scale() {
     image_->setPixmap(fitting);
 }
 
-bool PicturePanel::load(const QString& file) {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly) || source.size() > kLargestFile) return false;
-    return take(source.read(kLargestFile));
-}
+bool PicturePanel::load(const QString& file) { return take(pictureOfFile(file)); }
 
-bool PicturePanel::take(const QByteArray& bytes) {
-    auto picture = Picture::fromBytes(ByteArray(bytes.begin(), bytes.end()));
-    if (!picture || pixelsOf(*picture).isNull()) return false;
+bool PicturePanel::take(std::shared_ptr<Picture> picture) {
+    if (!picture) return false;
     showPicture(std::move(picture));
     Q_EMIT pictureChanged();
     return true;
@@ -131,11 +125,9 @@ void PicturePanel::tellRefusal() { facts_->setText(tr("The file holds no JPEG, P
 
 // The dialog does not stop the program: the picture is loaded when a file has been chosen, if it can be changed then.
 void PicturePanel::choose() {
-    auto* dialog = new QFileDialog(this, tr("Load Picture"));
+    auto* dialog = new QFileDialog(this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters(
-        {tr("Bitmaps and JPG Files (*.BMP *.JPG *.GIF)"), tr("All Pictures (*.bmp *.jpg *.jpeg *.gif *.png)")});
+    askForPicture(*dialog, folder_);
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
         behindWall("PicturePanel", [&] {
             if (changeable_ && !load(file)) tellRefusal();
@@ -164,7 +156,8 @@ void PicturePanel::dropEvent(QDropEvent* event) {
     behindWall("PicturePanel", [&] {
         const QMimeData* offered = event->mimeData();
         const QString file = localImageOf(*offered);
-        const bool taken = file.isEmpty() ? take(asPng(qvariant_cast<QImage>(offered->imageData()))) : load(file);
+        const bool taken =
+            file.isEmpty() ? take(pictureOfBytes(asPng(qvariant_cast<QImage>(offered->imageData())))) : load(file);
         acceptAsCopy(*event);
         if (!taken) tellRefusal();
     });

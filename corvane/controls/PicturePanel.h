@@ -25,6 +25,9 @@ public:
     // Loads an image file; false, and the picture stays, when it is none that a tag can hold and Qt can show.
     bool load(const QString& file);
 
+    // The folder in which the dialog that loads a picture begins.
+    void setFolder(const QString& folder) { folder_ = folder; }
+
     // Whether the buttons work and images can be dropped.
     void setChangeable(bool changeable);
 
@@ -42,7 +45,7 @@ protected:
 
 private:
     void choose();
-    bool take(const QByteArray& bytes);
+    bool take(std::shared_ptr<Picture> picture);
     void tellRefusal();
     void scale();
     void enableButtons();
@@ -53,6 +56,7 @@ private:
     QPushButton* clear_;
     std::shared_ptr<Picture> picture_;
     QPixmap pixels_; // of the picture, in its own size
+    QString folder_;
     bool changeable_ = true;
 };
 

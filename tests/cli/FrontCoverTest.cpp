@@ -65,5 +65,57 @@ TEST(FrontCover, OfTheSameBytesIsNoChange) {
     EXPECT_FALSE(file.record(1).bChanged());
 }
 
+TEST(ShownPicture, IsTheFrontCoverElseTheFirstPicture) {
+    const ByteArray front = test::pictureFrame(pngImage(5, 7), "image/png", "Front");
+    struct Row {
+        const char* description;
+        Id3v2Builder tag;
+        int width; // pixels; 0 for none
+    };
+    const Row rows[] = {
+        {"none", Id3v2Builder().text("TIT2", "T"), 0},
+        {"a described front cover", Id3v2Builder().frame("APIC", front), 5},
+        {"a described front cover after a plain back cover",
+         Id3v2Builder().frame("APIC", backCover("")).frame("APIC", front), 5},
+        {"back covers alone", Id3v2Builder().frame("APIC", backCover("One")).frame("APIC", backCover("Two")), 1},
+        {"one that is encrypted", Id3v2Builder().frame("APIC", front, kEncrypted), 0},
+    };
+    for (const Row& row : rows) {
+        const TagOnFile file(row.tag);
+        const auto shown = shownPicture(file.tag);
+        ASSERT_TRUE(shown.has_value()) << row.description;
+        EXPECT_EQ(*shown ? (*shown)->width() : 0, row.width) << row.description;
+    }
+}
+
+TEST(ShownPicture, KeepsItsTypeAndDescriptionWhenItIsReplaced) {
+    TagOnFile file(Id3v2Builder().frame("APIC", backCover("One")).frame("APIC", backCover("Two")));
+    ASSERT_TRUE(setShownPicture(file.tag, picture()));
+    EXPECT_EQ(file.tag.Frames()->Count(), 2);
+    EXPECT_TRUE(file.record(1).bChanged());
+    EXPECT_FALSE(file.record(1).Deleted());
+    EXPECT_EQ(file.record(1).sDescription(), "One");
+    EXPECT_EQ(shownPicture(file.tag).value()->width(), 5);
+    EXPECT_FALSE(file.record(2).bChanged());
+}
+
+TEST(ShownPicture, IsTakenOutAloneAndTheNextOneIsShown) {
+    TagOnFile file(Id3v2Builder()
+                       .frame("APIC", backCover("Back"))
+                       .frame("APIC", test::pictureFrame(pngImage(5, 7), "image/png", "Front")));
+    ASSERT_TRUE(setShownPicture(file.tag, nullptr));
+    EXPECT_FALSE(file.record(1).Deleted());
+    EXPECT_TRUE(file.record(2).Deleted());
+    EXPECT_EQ(shownPicture(file.tag).value()->width(), 1);
+}
+
+TEST(ShownPicture, OfTheSameBytesOrOfNoneIsNoChange) {
+    TagOnFile file(Id3v2Builder().frame("APIC", test::pictureFrame(pngImage(5, 7), "image/png", "any")));
+    EXPECT_FALSE(setShownPicture(file.tag, picture()));
+    EXPECT_FALSE(file.record(1).bChanged());
+    TagOnFile empty(Id3v2Builder().text("TIT2", "T"));
+    EXPECT_FALSE(setShownPicture(empty.tag, nullptr));
+}
+
 } // namespace
 } // namespace corvane::cli

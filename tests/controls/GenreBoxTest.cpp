@@ -5,6 +5,7 @@
 #include "tests/controls/Hand.h"
 #include "tests/controls/Registry.h"
 
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -27,6 +28,10 @@ private Q_SLOTS:
     void namesComeFromTheGivenList();
     void aTextOfItsOwnIsSeenUntilAnItemIsChosen();
     void aLockedListIgnoresKeysAndClicks();
+    void anyTextIsTypedWhereItIsAllowed_data();
+    void anyTextIsTypedWhereItIsAllowed();
+    void aListThatTakesAnyTextIsLockedToo();
+    void aListOfGenresAloneHasNoTextOfItsOwn();
 
 private:
     GenreBox& box() { return *box_; }
@@ -121,6 +126,50 @@ void GenreBoxTest::aLockedListIgnoresKeysAndClicks() {
     QVERIFY(box().isLocked() && !QApplication::activePopupWidget());
     QCOMPARE(box().genre(), std::uint8_t{17});
     QVERIFY(box().isEnabled());
+}
+
+void GenreBoxTest::anyTextIsTypedWhereItIsAllowed_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("genre");
+    QTest::addColumn<QString>("ownText");
+    QTest::newRow("a text of the user's own") << "Hurdy-Gurdy" << 255 << "Hurdy-Gurdy";
+    QTest::newRow("a name in small letters") << "rock" << 17 << "";
+    QTest::newRow("a name and more") << "Rock & more" << 255 << "Rock & more";
+}
+
+void GenreBoxTest::anyTextIsTypedWhereItIsAllowed() {
+    QFETCH(QString, typed);
+    box().allowAnyText();
+    box().clearGenre("Mine");
+    QCOMPARE(box().ownText(), "Mine");
+    const QSignalSpy chosen(&box(), &GenreBox::genreChosen);
+    box().lineEdit()->selectAll();
+    QTest::keyClicks(box().lineEdit(), typed);
+    QCOMPARE(chosen.count(), typed.size());
+    QCOMPARE(box().lineEdit()->text(), typed);
+    QTEST(int{box().genre()}, "genre");
+    QTEST(box().ownText(), "ownText");
+    box().showGenre(17, Genres());
+    QCOMPARE(box().lineEdit()->text(), "Rock");
+    QCOMPARE(box().ownText(), "");
+}
+
+void GenreBoxTest::aListThatTakesAnyTextIsLockedToo() {
+    box().setLocked(true);
+    box().allowAnyText();
+    box().showGenre(17, Genres());
+    QTest::keyClicks(box().lineEdit(), "x");
+    QCOMPARE(box().lineEdit()->text(), "Rock");
+    box().setLocked(false);
+    QTest::keyClicks(box().lineEdit(), "x");
+    QCOMPARE(box().lineEdit()->text(), "Rockx");
+    QCOMPARE(box().ownText(), "Rockx");
+}
+
+void GenreBoxTest::aListOfGenresAloneHasNoTextOfItsOwn() {
+    box().clearGenre("Mine");
+    QCOMPARE(box().ownText(), "");
+    QVERIFY(box().lineEdit() == nullptr);
 }
 
 static const bool kRegistered = registerTest<GenreBoxTest>("GenreBoxTest");

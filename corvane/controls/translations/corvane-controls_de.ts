@@ -111,10 +111,6 @@
 <context>
     <name>Id3v1Form</name>
     <message>
-        <source>ID3&amp;v1 tag</source>
-        <translation>ID3&amp;v1-Tag</translation>
-    </message>
-    <message>
         <source>Previous tag</source>
         <translation>Voriges Tag</translation>
     </message>
@@ -156,7 +152,7 @@
     </message>
     <message>
         <source>Al&amp;bum</source>
-        <translation>Al&amp;bum</translation>
+        <translation>&amp;Album</translation>
     </message>
     <message>
         <source>&amp;Year</source>
@@ -182,6 +178,10 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message>
+        <source>ID3v&amp;1 tag</source>
+        <translation>ID3v&amp;1-Tag</translation>
+    </message>
 </context>
 <context>
     <name>Id3v2Form</name>
@@ -199,7 +199,7 @@
     </message>
     <message>
         <source>Al&amp;bum</source>
-        <translation>Al&amp;bum</translation>
+        <translation>&amp;Album</translation>
     </message>
     <message>
         <source>Yea&amp;r</source>
@@ -231,11 +231,7 @@
     </message>
     <message>
         <source>Or&amp;iginal artist</source>
-        <translation>O&amp;riginalinterpret</translation>
-    </message>
-    <message>
-        <source>Copyrig&amp;ht</source>
-        <translation>Copyrig&amp;ht</translation>
+        <translation>&amp;Originalinterpret</translation>
     </message>
     <message>
         <source>&amp;URL</source>
@@ -243,11 +239,15 @@
     </message>
     <message>
         <source>Enco&amp;ded by</source>
-        <translation>Ko&amp;diert von</translation>
+        <translation>Kodie&amp;rt von</translation>
     </message>
     <message>
         <source>This text is too long to be edited here.</source>
         <translation>Dieser Text ist zu lang, um hier bearbeitet zu werden.</translation>
+    </message>
+    <message>
+        <source>Co&amp;pyright</source>
+        <translation>Co&amp;pyright</translation>
     </message>
 </context>
 <context>
@@ -286,7 +286,7 @@
     </message>
     <message>
         <source>Al&amp;bum</source>
-        <translation>Al&amp;bum</translation>
+        <translation>&amp;Album</translation>
     </message>
     <message>
         <source>A&amp;uthor</source>
@@ -295,6 +295,21 @@
     <message>
         <source>L&amp;yrics</source>
         <translation>Liedte&amp;xt</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTexts</name>
+    <message>
+        <source>All Pictures (*.bmp *.jpg *.jpeg *.gif *.png)</source>
+        <translation>Alle Bilder (*.bmp *.jpg *.jpeg *.gif *.png)</translation>
+    </message>
+    <message>
+        <source>Load Picture</source>
+        <translation>Bild laden</translation>
+    </message>
+    <message>
+        <source>Bitmaps and JPG Files (*.BMP *.JPG *.GIF)</source>
+        <translation>Bitmaps und JPG-Dateien (*.BMP *.JPG *.GIF)</translation>
     </message>
 </context>
 <context>
@@ -437,10 +452,6 @@
         <translation>&amp;Laden …</translation>
     </message>
     <message>
-        <source>Cl&amp;ear</source>
-        <translation>&amp;Entfernen</translation>
-    </message>
-    <message>
         <source>no picture</source>
         <translation>kein Bild</translation>
     </message>
@@ -457,16 +468,8 @@
         <translation>Die Datei enthält kein JPEG-, PNG-, GIF- oder BMP-Bild.</translation>
     </message>
     <message>
-        <source>Load Picture</source>
-        <translation>Bild laden</translation>
-    </message>
-    <message>
-        <source>Bitmaps and JPG Files (*.BMP *.JPG *.GIF)</source>
-        <translation>Bitmaps und JPG-Dateien (*.BMP *.JPG *.GIF)</translation>
-    </message>
-    <message>
-        <source>All Pictures (*.bmp *.jpg *.jpeg *.gif *.png)</source>
-        <translation>Alle Bilder (*.bmp *.jpg *.jpeg *.gif *.png)</translation>
+        <source>C&amp;lear</source>
+        <translation>&amp;Entfernen</translation>
     </message>
 </context>
 </TS>
