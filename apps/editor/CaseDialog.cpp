@@ -37,7 +37,7 @@ CaseDialog::CaseDialog(QWidget* parent) : QDialog(parent) {
     addField(Field::Title, tr("&Title"), true);
     addField(Field::Artist, tr("&Artist"), true);
     addField(Field::Album, tr("Al&bum"), true);
-    addField(Field::Comment, tr("&Comment"), false);
+    addField(Field::Comment, tr("Comme&nt"), false);
     addField(Field::Composer, tr("Co&mposer"), false);
     addField(Field::OriginalArtist, tr("&Original artist"), false);
 

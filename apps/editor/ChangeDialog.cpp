@@ -35,7 +35,7 @@ ChangeDialog::ChangeDialog(const SaveResults& results, SaveJob::Mode mode, QWidg
     auto* tree = new ChangeTree(this);
     tree->show(results);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    auto* copy = buttons->addButton(tr("&Copy as text"), QDialogButtonBox::ActionRole);
+    auto* copy = buttons->addButton(tr("Copy as &text"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this,
             [text = textOf(results)] { QGuiApplication::clipboard()->setText(text); });
     if (isPreview) {

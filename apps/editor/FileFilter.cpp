@@ -1,16 +1,13 @@
 #include "apps/editor/FileFilter.h"
 
 #include "apps/editor/FileTable.h"
+#include "apps/editor/NaturalOrder.h"
 
 #include <algorithm>
 
 namespace corvane::editor {
 
-FileFilter::FileFilter(QObject* parent) : QSortFilterProxyModel(parent) {
-    setSortRole(FileTable::kSortRole);
-    setSortCaseSensitivity(Qt::CaseInsensitive);
-    setSortLocaleAware(true);
-}
+FileFilter::FileFilter(QObject* parent) : QSortFilterProxyModel(parent) { setSortRole(FileTable::kSortRole); }
 
 void FileFilter::setWords(const QString& words) {
     QStringList wanted = words.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -26,14 +23,26 @@ bool FileFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
                        [&line](const QString& word) { return line.contains(word, Qt::CaseInsensitive); });
 }
 
+namespace {
+
+// Below 0, 0, or above 0.
+int compareKeys(const QVariant& one, const QVariant& other) {
+    if (one.typeId() == QMetaType::QString) return compareNaturally(one.toString(), other.toString());
+    const int first = one.toInt(), second = other.toInt();
+    return first < second ? -1 : static_cast<int>(first > second);
+}
+
+} // namespace
+
 // Files that are equal in the column keep the order of their folders and names.
 bool FileFilter::lessThan(const QModelIndex& one, const QModelIndex& other) const {
-    if (QSortFilterProxyModel::lessThan(one, other)) return true;
-    if (QSortFilterProxyModel::lessThan(other, one)) return false;
+    if (const int difference = compareKeys(one.data(sortRole()), other.data(sortRole())); difference != 0) {
+        return difference < 0;
+    }
     const auto& table = *static_cast<const FileTable*>(sourceModel());
-    const bool ascending = sortOrder() == Qt::AscendingOrder;
-    const std::string &first = table.path(one.row()), &second = table.path(other.row());
-    return ascending ? first < second : second < first;
+    const int difference =
+        compareNaturally(std::string_view(table.path(one.row())), std::string_view(table.path(other.row())));
+    return sortOrder() == Qt::AscendingOrder ? difference < 0 : difference > 0;
 }
 
 } // namespace corvane::editor

@@ -1,10 +1,12 @@
 #include "apps/editor/FilePages.h"
 
 #include "corvane/controls/FailureWall.h"
+#include "corvane/controls/PicturePanel.h"
 #include "corvane/controls/Text.h"
 #include "corvane/lyrics/LyricsTag.h"
 
 #include "apps/editor/ControlValues.h"
+#include "apps/editor/FileName.h"
 #include "apps/editor/FocusPlace.h"
 
 #include <QCheckBox>
@@ -43,6 +45,7 @@ QString carryOver(const TagValues& before, const TagValues& now, TagValues& want
 FilePages::FilePages(QWidget* parent) : QTabWidget(parent) {
     id3v2_ = new controls::ID3v2;
     id3v2_->Mode(controls::EID3v2Apperance::v2aWide);
+    id3v2_->AllowAnyGenre();
     id3v1_ = new controls::ID3v1;
     id3v1_->setMaximumWidth(kRecordWidth * fontMetrics().averageCharWidth());
     lyrics_ = new controls::Lyrics;
@@ -115,9 +118,11 @@ void FilePages::show(const FileTags& wanted) {
 void FilePages::showId3v2(const TagValues& wanted) {
     shownId3v2_ = file_->id3v2Tag(wanted);
     id3v2_->ID3V2Tag(shownId3v2_);
+    id3v2_->findChild<controls::PicturePanel*>()->setFolder(folderOf(path_));
+    id3v2_->ShownPicture(OpenedFile::pictureOf(*shownId3v2_));
     checkId3v2(wanted.present);
     seenId3v2_ = valuesOf(*shownId3v2_);
-    seenId3v2_.picture = shownId3v2_->Picture();
+    seenId3v2_.picture = id3v2_->ShownPicture();
     seenId3v2_.present = wanted.present;
 }
 
@@ -154,7 +159,7 @@ void FilePages::takeId3v2() {
     controls::behindWall("FilePages", [this] {
         const auto tag = id3v2_->ID3V2Tag();
         TagValues now = valuesOf(*tag);
-        now.picture = tag->Picture();
+        now.picture = id3v2_->ShownPicture();
         followValues(now);
         if (!id3v2_->HasTag()) checkId3v2(false);
         now.present = id3v2_->HasTag();

@@ -3,11 +3,14 @@
 #include "corvane/controls/Text.h"
 #include "corvane/core/FirstTag.h"
 
+#include "apps/editor/NaturalOrder.h"
 #include "apps/scan/FileWalk.h"
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <algorithm>
 #include <exception>
+#include <set>
 #include <utility>
 
 namespace corvane::editor {
@@ -73,7 +76,9 @@ void Loader::tell(std::function<void()> news) {
 
 void Loader::work(const std::vector<std::string>& roots) {
     Q_EMIT progressed(0, 0);
-    read(find(roots));
+    const std::vector<std::string> paths = find(roots);
+    read(paths);
+    findLeftovers(paths);
 }
 
 std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
@@ -89,6 +94,9 @@ std::vector<std::string> Loader::find(const std::vector<std::string>& roots) {
             tell([this, name = shown(*path), why = controls::toQt(obstacle)] { Q_EMIT ignored(name, why); });
         }
     }
+    std::sort(paths.begin(), paths.end(), [](const std::string& one, const std::string& other) {
+        return compareNaturally(std::string_view(one), std::string_view(other)) < 0;
+    });
     return paths;
 }
 
@@ -108,6 +116,18 @@ void Loader::read(const std::vector<std::string>& paths) {
         sinceBatch.restart();
     }
     if (!batch.empty()) tell([this, batch] { Q_EMIT loaded(batch); });
+}
+
+void Loader::findLeftovers(const std::vector<std::string>& paths) {
+    std::set<std::string> folders;
+    for (const std::string& path : paths) folders.insert(path.substr(0, path.find_last_of('/') + 1));
+    std::vector<std::string> found;
+    for (const std::string& folder : folders) {
+        if (isCancelled()) return;
+        const auto here = leftoversIn(folder, leftoverAge_);
+        found.insert(found.end(), here.begin(), here.end());
+    }
+    if (!found.empty()) tell([this, found] { Q_EMIT leftoversFound(found); });
 }
 
 } // namespace corvane::editor

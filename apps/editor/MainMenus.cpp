@@ -96,6 +96,11 @@ void MainWindow::makeEditMenu() {
         list_->view().setFocus();
         list_->view().selectAll();
     }));
+    QAction* removal = action("removeFromList", tr("Remove from the &list"), nullptr, QKeySequence::Delete,
+                              [this] { removeFromList(); });
+    removal->setShortcutContext(Qt::WidgetShortcut); // in a field the key deletes a letter
+    list_->view().addAction(removal);
+    menu->addAction(removal);
 }
 
 void MainWindow::makeViewMenu(QToolBar& toolBar) {
@@ -107,6 +112,8 @@ void MainWindow::makeViewMenu(QToolBar& toolBar) {
     menu->addAction(action("goToFiles", tr("Go to f&iles"), nullptr, keys("Ctrl+1"),
                            [this] { list_->view().setFocus(Qt::ShortcutFocusReason); }));
     menu->addAction(action("goToFields", tr("Go to fi&elds"), nullptr, keys("Ctrl+2"), [this] { goToFields(); }));
+    menu->addSeparator();
+    menu->addAction(action("reload", tr("&Read the files again"), nullptr, keys("F5"), [this] { reload(); }));
     menu->addSeparator();
     frames_ = action("frames", tr("List all frames of an ID&3v2 tag"), nullptr, {}, [] {});
     frames_->setCheckable(true);

@@ -1,5 +1,7 @@
 #include "apps/editor/MainWindow.h"
 
+#include "corvane/controls/Text.h"
+
 #include "apps/editor/FileName.h"
 
 #include <QApplication>
@@ -11,6 +13,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
@@ -25,6 +28,8 @@ namespace {
 
 constexpr auto kGeometryKey = "geometry", kStateKey = "state", kColumnsKey = "columns", kSplitterKey = "splitter",
                kFramesKey = "FRL";
+
+constexpr QSize kFrameRoom{8, 40}; // pixels that a desktop puts around a window, with the title bar
 
 QLabel* hintLabel() {
     auto* label = new QLabel;
@@ -52,7 +57,6 @@ MainWindow::MainWindow(QSettings& settings) : settings_(settings), recent_(setti
     initIcons();
     setObjectName(QStringLiteral("MainWindow"));
     setWindowIcon(QIcon(QStringLiteral(":/corvane-editor.svg")));
-    setWindowTitle(tr("Corvane Editor[*]"));
     setAcceptDrops(true);
     makeView();
     editing_ = std::make_unique<Editing>(session_, table_, *pages_, *many_);
@@ -102,6 +106,7 @@ void MainWindow::connectParts() {
         recent_.remove(file);
         statusBar()->showMessage(tr("%1 is not opened: %2").arg(file, reason));
     });
+    connect(&loader_, &Loader::leftoversFound, this, &MainWindow::offerRemoval);
     connect(list_, &FileList::selectionChanged, this, [this] {
         if (!saving_.isRunning()) editing_->select(list_->selectedPaths());
     });
@@ -143,7 +148,17 @@ void MainWindow::showPart(Editing::Shown what, const QString& hint) {
     default:
         below_->setCurrentWidget(hint_);
     }
+    showTitle();
     updateActions();
+}
+
+void MainWindow::showTitle() {
+    const auto& selected = editing_->selected();
+    QString title;
+    if (selected.size() == 1) title = nameOf(selected.front());
+    if (selected.size() > 1) title = tr("%1 files").arg(selected.size());
+    const QString place = QStringLiteral("[*]"); // of the mark of changes; a name with it has it twice
+    setWindowTitle(title.replace(place, place + place) + place);
 }
 
 void MainWindow::updateActions() {
@@ -246,6 +261,57 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
 }
 
+// --- the list
+
+void MainWindow::reload() {
+    std::vector<std::string> paths;
+    for (int row = 0; row < table_.rowCount(); ++row) paths.push_back(table_.path(row));
+    if (!paths.empty()) loader_.load(std::move(paths));
+    editing_->showAgain();
+}
+
+void MainWindow::removeFromList() {
+    const std::vector<std::string> paths = list_->selectedPaths();
+    const auto changed =
+        std::count_if(paths.begin(), paths.end(), [this](const std::string& path) { return session_.isChanged(path); });
+    if (paths.empty() || saving_.isRunning()) return;
+    if (changed > 0) {
+        QMessageBox box(QMessageBox::Warning, tr("Remove from the list"),
+                        tr("There are changes that are not saved. Changed files: %1").arg(changed),
+                        QMessageBox::Discard | QMessageBox::Cancel, this);
+        box.setDefaultButton(QMessageBox::Cancel);
+        if (box.exec() != QMessageBox::Discard) return;
+    }
+    session_.forget(paths);
+    table_.remove(paths);
+}
+
+void MainWindow::offerRemoval(std::vector<std::string> paths) {
+    std::erase_if(paths, [this](const std::string& path) { return !offered_.insert(path).second; });
+    if (paths.empty()) return;
+    auto* box = new QMessageBox(QMessageBox::Question, tr("Temporary files"),
+                                tr("A save that was cut off has left temporary files behind: %1. Your files have all "
+                                   "that is in them, except the "
+                                   "tag that was being written.\n\nRemove the temporary files?")
+                                    .arg(paths.size()),
+                                QMessageBox::Yes | QMessageBox::No, this);
+    box->setObjectName(QStringLiteral("leftovers"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setDefaultButton(QMessageBox::No);
+    QStringList names;
+    for (const std::string& path : paths) names << shownPath(path);
+    box->setDetailedText(names.join(QLatin1Char('\n')));
+    connect(box, &QDialog::accepted, this, [this, paths] {
+        for (const std::string& path : paths) {
+            const std::string reason = removeLeftover(path, loader_.leftoverAge());
+            if (!reason.empty()) {
+                statusBar()->showMessage(tr("%1 was not removed: %2").arg(shownPath(path), controls::toQt(reason)));
+            }
+        }
+    });
+    box->open();
+}
+
 // --- dropping
 
 // Never as a move: whoever drags a file may delete it once it has been moved.
@@ -270,6 +336,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::restore() {
     resize(1180, 820);
     restoreGeometry(settings_.value(QLatin1String(kGeometryKey)).toByteArray());
+    resize(size().boundedTo(screen()->availableGeometry().size() - kFrameRoom));
     restoreState(settings_.value(QLatin1String(kStateKey)).toByteArray());
     list_->setColumns(settings_.value(QLatin1String(kColumnsKey)).toByteArray());
     if (!splitter_->restoreState(settings_.value(QLatin1String(kSplitterKey)).toByteArray())) {

@@ -21,6 +21,7 @@
 #include <QStackedWidget>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,12 @@ private:
     void showRecent(QMenu& menu);
     void closeFiles();
     void goToFields();
+    // Reads the listed files anew.
+    void reload();
+    // Takes the selected files off the list; asks when they have changes.
+    void removeFromList();
+    // Asks once about each of these temporary files whether it is to be removed.
+    void offerRemoval(std::vector<std::string> paths);
 
     // Runs what comes next when nothing is lost by it: asks about changes that are not saved.
     void afterChanges(std::function<void()> next);
@@ -80,6 +87,8 @@ private:
     bool isFileOverText(const QObject* watched, const QEvent& event) const;
     void endSave(bool isAllSaved, const QString& summary);
     void tellCount();
+    // What is edited, for the title bar; the desktop adds the name of the program.
+    void showTitle();
 
     QSettings& settings_;
     RecentPaths recent_;
@@ -100,6 +109,7 @@ private:
     ToolMenu* toolMenu_ = nullptr;
     QAction *save_ = nullptr, *saveSelected_ = nullptr, *preview_ = nullptr, *report_ = nullptr, *revert_ = nullptr,
             *undo_ = nullptr, *redo_ = nullptr, *frames_ = nullptr;
+    std::set<std::string> offered_;  // temporary files that the user has been asked about
     FocusPlace beforeRun_;           // where the user was when it began
     std::function<void()> afterRun_; // what waits for a save that succeeds, or for the end of a preview
 };

@@ -7,6 +7,7 @@
 #include "corvane/id3v2/ReadableGenre.h"
 
 #include "apps/editor/ControlValues.h"
+#include "apps/editor/FileName.h"
 #include "apps/editor/FocusPlace.h"
 #include "apps/editor/Tools.h"
 
@@ -94,7 +95,7 @@ QWidget* ManyPages::makeCommonPage() {
     addRow(*grid, 1, 2, tr("&Comment"), Field::Comment);
     addRow(*grid, 2, 2, tr("Co&mposer"), Field::Composer);
     addRow(*grid, 3, 2, tr("Or&iginal artist"), Field::OriginalArtist);
-    addRow(*grid, 4, 2, tr("Copyrig&ht"), Field::Copyright);
+    addRow(*grid, 4, 2, tr("Cop&yright"), Field::Copyright);
     addRow(*grid, 5, 2, tr("&URL"), Field::Url);
     addRow(*grid, 6, 2, tr("Enco&ded by"), Field::EncodedBy);
     grid->addWidget(makePictureBox(), 1, 4, 8, 1);
@@ -177,6 +178,7 @@ void ManyPages::refresh() {
             .arg(paths_.size()));
     for (std::size_t at = 0; at < kShownFields; ++at) showField(fieldAt(at));
     picture_->showPicture(nullptr);
+    picture_->setFolder(paths_.empty() ? QString() : folderOf(paths_.front()));
     isId3v1Shown_ = false;
     showId3v1();
     place.restore();

@@ -1,7 +1,7 @@
 #include "apps/editor/ToolMenu.h"
 
 #include "corvane/controls/FailureWall.h"
-#include "corvane/platform/Picture.h"
+#include "corvane/controls/PictureFile.h"
 
 #include "apps/editor/CaseDialog.h"
 #include "apps/editor/FileName.h"
@@ -10,14 +10,13 @@
 #include "apps/editor/NumberDialog.h"
 #include "apps/editor/Tools.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <utility>
 
 namespace corvane::editor {
 
-ToolMenu::ToolMenu(Editing& editing, QWidget* parent) : QMenu(tr("&Tags"), parent), editing_(editing) {
+ToolMenu::ToolMenu(Editing& editing, QWidget* parent) : QMenu(tr("Tag&s"), parent), editing_(editing) {
     addTool("copyToV2", tr("Copy ID3v&1 to ID3v2"), withCopyToV2);
     addTool("copyToV1", tr("Copy ID3v&2 to ID3v1"), withCopyToV1);
     addSeparator();
@@ -89,12 +88,11 @@ void ToolMenu::chooseGenre() {
 }
 
 void ToolMenu::loadPicture() {
-    const QString name = QFileDialog::getOpenFileName(parentWidget(), tr("Load picture"), {},
-                                                      tr("Pictures (*.jpg *.jpeg *.png *.gif *.bmp);;All files (*)"));
-    if (name.isEmpty()) return;
-    QFile file(name);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    const auto picture = Picture::fromBytes({bytes.begin(), bytes.end()});
+    QFileDialog dialog(parentWidget());
+    controls::askForPicture(dialog, folderOf(editing_.editable().front()));
+    if (dialog.exec() != QDialog::Accepted) return;
+    const QString name = dialog.selectedFiles().value(0);
+    const auto picture = controls::pictureOfFile(name);
     if (!picture) {
         QMessageBox::warning(parentWidget(), {}, tr("%1 is no picture that a tag can hold.").arg(asWritten(name)));
         return;

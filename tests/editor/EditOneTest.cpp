@@ -1,6 +1,7 @@
 // One file in the window: shown, edited, undone, saved, reverted.
 #include "corvane/controls/PicturePanel.h"
 
+#include "apps/editor/Tools.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 #include "tests/support/ImageBuilder.h"
@@ -10,6 +11,46 @@
 
 using namespace corvane::editor;
 using namespace corvane::test;
+
+namespace {
+
+constexpr int kFirstWidth = 8; // pixels; each further picture is one wider
+
+// A tag with pictures of these types, each with a description of its own.
+Id3v2Builder describedPictures(const QByteArray& types) {
+    Id3v2Builder tag;
+    tag.text("TIT2", "T");
+    for (int at = 0; at < types.size(); ++at) {
+        const auto width = static_cast<unsigned>(kFirstWidth + at);
+        corvane::ByteArray frame = pictureFrame(pngImage(width, 5), "image/png", "Picture " + std::to_string(at));
+        frame[1 + sizeof "image/png"] = static_cast<std::uint8_t>(types.at(at)); // follows encoding and MIME type
+        tag.frame("APIC", frame);
+    }
+    return tag;
+}
+
+struct StoredPicture {
+    int width;
+    std::string description;
+};
+
+std::vector<StoredPicture> picturesIn(const Mp3File& file) {
+    corvane::FileHandler handler;
+    if (!handler.Create(file.path())) qFatal("cannot be read");
+    const auto reader = handler.ID3V2Tag()->ID3V23Tag();
+    std::vector<StoredPicture> found;
+    for (std::int32_t at = 1; at <= reader->FrameCount(); ++at) {
+        const auto frame = reader->GetFrameByIndex(at);
+        if (frame->IsPicture()) found.push_back({frame->createPicture()->width(), frame->Description()});
+    }
+    return found;
+}
+
+corvane::controls::PicturePanel& panelOf(EditorWindow& window) {
+    return *window->findChild<FilePages*>()->findChild<corvane::controls::PicturePanel*>();
+}
+
+} // namespace
 
 class EditOneTest : public QObject {
     Q_OBJECT
@@ -258,28 +299,128 @@ private Q_SLOTS:
         QVERIFY(!wanted->v2.picture.has_value() && !wanted->v2.cover.has_value());
     }
 
-    void ClearedPictureIsTheOneThatIsShown() {
+    void PictureThatIsShownIsTheFrontCoverElseTheFirst_data() {
+        QTest::addColumn<QByteArray>("types"); // of pictures, whose descriptions are all different
+        QTest::addColumn<int>("shown");
+        QTest::newRow("a front cover") << QByteArray("\3", 1) << 0;
+        QTest::newRow("a front cover after others") << QByteArray("\0\4\3", 3) << 2;
+        QTest::newRow("a back cover alone") << QByteArray("\4", 1) << 0;
+        QTest::newRow("no front cover") << QByteArray("\4\2", 2) << 0;
+    }
+    void PictureThatIsShownIsTheFrontCoverElseTheFirst() {
+        QFETCH(QByteArray, types);
+        QFETCH(int, shown);
         EditorWindow window;
-        corvane::ByteArray back = pictureFrame(pngImage(9, 9));
-        back[1 + sizeof "image/png"] = 4; // the type behind encoding and MIME type: back cover
-        Id3v2Builder tag;
-        tag.text("TIT2", "T").frame("APIC", back).frame("APIC", pictureFrame(jpegImage(8, 8), "image/jpeg", "Front"));
-        const Mp3File file(window.folder(), tag.done(), "a.mp3");
+        const Mp3File file(window.folder(), describedPictures(types).done(), "a.mp3");
         QVERIFY(window.open({file.path()}));
         QVERIFY(window.select({0}));
-        auto& panel = *window->findChild<FilePages*>()->findChild<corvane::controls::PicturePanel*>();
-        QVERIFY(panel.picture() != nullptr);
-        QTest::mouseClick(panel.clearButton(), Qt::LeftButton);
+        QVERIFY(panelOf(window).picture() != nullptr);
+        QCOMPARE(panelOf(window).picture()->width(), kFirstWidth + shown);
+    }
+
+    void LoadedPictureReplacesTheOneThatIsShown_data() { PictureThatIsShownIsTheFrontCoverElseTheFirst_data(); }
+    void LoadedPictureReplacesTheOneThatIsShown() {
+        QFETCH(QByteArray, types);
+        QFETCH(int, shown);
+        EditorWindow window;
+        const Mp3File file(window.folder(), describedPictures(types).done(), "a.mp3");
+        const std::string cover = window.folder().write("cover.png", pngImage(30, 20));
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QVERIFY(panelOf(window).load(QString::fromStdString(cover)));
+        type(window.field("txtTitle"), "er");
         window.action("save").trigger();
         QVERIFY(window.waitForSave());
         QVERIFY(file.audioIsUntouched());
-        const auto content = file.content();
-        const auto front = jpegImage(8, 8), shown = pngImage(9, 9);
-        const auto holds = [&content](const corvane::ByteArray& bytes) {
-            return std::search(content.begin(), content.end(), bytes.begin(), bytes.end()) != content.end();
-        };
-        QVERIFY(holds(front));
-        QVERIFY(!holds(shown));
+        const auto pictures = picturesIn(file);
+        QCOMPARE(pictures.size(), static_cast<std::size_t>(types.size()));
+        for (int at = 0; at < types.size(); ++at) {
+            const auto& picture = pictures[static_cast<std::size_t>(at)];
+            QCOMPARE(picture.width, at == shown ? 30 : kFirstWidth + at);
+            QCOMPARE(picture.description, "Picture " + std::to_string(at));
+        }
+        QTRY_VERIFY(panelOf(window).picture() && panelOf(window).picture()->width() == 30);
+    }
+
+    void ClearedPictureIsTheOneThatIsShown() {
+        EditorWindow window;
+        const Mp3File file(window.folder(), describedPictures(QByteArray("\4\3", 2)).done(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QTest::mouseClick(panelOf(window).clearButton(), Qt::LeftButton);
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        QVERIFY(file.audioIsUntouched());
+        const auto pictures = picturesIn(file);
+        QCOMPARE(pictures.size(), std::size_t{1});
+        QCOMPARE(pictures.front().width, kFirstWidth);
+    }
+
+    void UndoneLoadShowsThePictureOfTheFileAgain() {
+        EditorWindow window;
+        const Mp3File file(window.folder(), describedPictures(QByteArray("\3", 1)).done(), "a.mp3");
+        const std::string cover = window.folder().write("cover.png", pngImage(30, 20));
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QVERIFY(panelOf(window).load(QString::fromStdString(cover)));
+        QVERIFY(window->isWindowModified());
+        window.action("undo").trigger();
+        QCOMPARE(panelOf(window).picture()->width(), kFirstWidth);
+        QVERIFY(!window->isWindowModified());
+        window.action("redo").trigger();
+        QCOMPARE(panelOf(window).picture()->width(), 30);
+    }
+
+    void CoverThatAToolSetsIsShown() {
+        EditorWindow window;
+        const Mp3File file(window.folder(), describedPictures(QByteArray("\4\3", 2)).done(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        const auto picture = corvane::Picture::fromBytes(pngImage(30, 20));
+        window->editing().apply([&](FileTags tags) { return withPicture(std::move(tags), picture); }, "picture");
+        QCOMPARE(panelOf(window).picture()->width(), 30);
+        window->editing().apply([](FileTags tags) { return withPicture(std::move(tags), nullptr); }, "picture");
+        QCOMPARE(panelOf(window).picture()->width(), kFirstWidth); // the back cover is the only one now
+    }
+
+    void GenreTakesAnyTextAndTheNamesOfTheListInAnyCase_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("number"); // beside the genre
+        QTest::newRow("a text of the user's own") << "Hurdy-Gurdy"
+                                                  << "";
+        QTest::newRow("a name of the list") << "jazz"
+                                            << "8";
+        QTest::newRow("nothing") << ""
+                                 << "";
+    }
+    void GenreTakesAnyTextAndTheNamesOfTheListInAnyCase() {
+        QFETCH(QString, typed);
+        EditorWindow window;
+        const Mp3File file(window.folder(), Id3v2Builder().text("TIT2", "T").text("TCON", "My own").done(), "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        QLineEdit& genre = window.field("txtGenre");
+        QCOMPARE(genre.text(), QStringLiteral("My own"));
+        genre.setFocus();
+        genre.selectAll();
+        QTest::keyClick(&genre, Qt::Key_Delete);
+        QTest::keyClicks(&genre, typed);
+        QTEST(child<QLabel>(*window->findChild<corvane::controls::ID3v2*>(), "lblGenreByte").text(), "number");
+        window.action("save").trigger();
+        QVERIFY(window.waitForSave());
+        QVERIFY(file.audioIsUntouched());
+        QCOMPARE(window.cell(0, FileTable::Genre), typed == "jazz" ? QStringLiteral("Jazz") : typed);
+        QCOMPARE(readTags(file.path()).v2[Field::Title], std::string("T"));
+    }
+
+    void GenreThatIsNotTouchedStaysAsItIs() {
+        EditorWindow window;
+        const Mp3File file(window.folder(), Id3v2Builder().text("TIT2", "T").text("TCON", "(4)Eurodisco").done(),
+                           "a.mp3");
+        QVERIFY(window.open({file.path()}));
+        QVERIFY(window.select({0}));
+        type(window.field("txtTitle"), "er");
+        QCOMPARE(window->session().wanted(file.path())->v2[Field::Genre], std::string("(4)Eurodisco"));
     }
 
     void FileWhoseNameIsNoTextIsEditedAsAnyOther() {

@@ -1,4 +1,6 @@
 // The dialogs in which the user names a file or a folder.
+#include "corvane/controls/PicturePanel.h"
+
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 #include "tests/support/ImageBuilder.h"
@@ -87,6 +89,35 @@ private Q_SLOTS:
         QVERIFY(handler.Create(file.path()));
         QCOMPARE(handler.ID3V2Tag()->Picture()->width(), 30);
         QVERIFY(file.audioIsUntouched());
+    }
+
+    void EveryDialogForPicturesIsTheSameAndBeginsWhereTheFileIs() {
+        EditorWindow window;
+        const Mp3File file = taggedFile(window.folder(), "a.mp3", "One"),
+                      other = taggedFile(window.folder(), "b.mp3", "Two");
+        QVERIFY(window.open({file.path(), other.path()}));
+        const auto ask = [](const std::function<void()>& open) {
+            QStringList facts;
+            QTimer::singleShot(100, qApp, [&facts] {
+                auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+                if (!dialog) qFatal("no file dialog was shown");
+                facts << dialog->windowTitle() << dialog->directory().absolutePath() << dialog->selectedNameFilter();
+                facts << dialog->nameFilters();
+                dialog->reject();
+            });
+            open();
+            return QTest::qWaitFor([&facts] { return !facts.isEmpty(); }) ? facts : QStringList();
+        };
+        const auto panelOf = [](const QWidget& page) { return page.findChild<corvane::controls::PicturePanel*>(); };
+        QVERIFY(window.select({0}));
+        const QStringList ofTool = ask([&] { window.action("loadPicture").trigger(); });
+        const QStringList ofFile = ask([&] { panelOf(*window->findChild<FilePages*>())->loadButton()->click(); });
+        QVERIFY(window.select({0, 1}));
+        const QStringList ofMany = ask([&] { panelOf(*window->findChild<ManyPages*>())->loadButton()->click(); });
+        QCOMPARE(ofTool.value(1), QDir(QString::fromStdString(window.folder().path())).absolutePath());
+        QVERIFY(ofTool.value(2).contains("*.png"));
+        QCOMPARE(ofFile, ofTool);
+        QCOMPARE(ofMany, ofTool);
     }
 
     void FileThatIsNoPictureIsRefused() {

@@ -102,6 +102,19 @@ private Q_SLOTS:
         QCOMPARE(cell(filter, 2, FileTable::Track), QStringLiteral("2"));
     }
 
+    void NumbersInTextsAreSortedByTheirValue() {
+        FileTable table;
+        FileFilter filter;
+        filter.setSourceModel(&table);
+        table.add(
+            {row("/m/Track 10.mp3", "Part 2"), row("/m/Track 9.mp3", "Part 11"), row("/n/Track 9.mp3", "Part 2")});
+        filter.sort(FileTable::Name, Qt::AscendingOrder);
+        QCOMPARE(cell(filter, 2, FileTable::Name), QStringLiteral("Track 10.mp3"));
+        filter.sort(FileTable::Title, Qt::DescendingOrder);
+        QCOMPARE(cell(filter, 0, FileTable::Title), QStringLiteral("Part 11"));
+        QCOMPARE(cell(filter, 1, FileTable::Folder), QStringLiteral("/m"));
+    }
+
     void EachWordOfTheFilterMayStandInAnotherColumn() {
         FileTable table;
         FileFilter filter;

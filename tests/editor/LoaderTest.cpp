@@ -38,6 +38,19 @@ private Q_SLOTS:
         QCOMPARE(rows[1].summary.title, std::string("First"));
     }
 
+    void FilesComeInTheOrderInWhichPeopleCount() {
+        const ScratchFolder folder;
+        for (const char* name : {"1.mp3", "10.mp3", "2.mp3"}) taggedFile(folder, name, name);
+        Loader loader;
+        QSignalSpy loaded(&loader, &Loader::loaded);
+        loader.load({folder.path()});
+        QVERIFY(loaded.wait(kWait));
+        const auto rows = loaded.front().front().value<FileRows>();
+        QCOMPARE(rows.size(), 3);
+        QCOMPARE(rows[1].summary.title, std::string("2.mp3"));
+        QCOMPARE(rows[2].summary.title, std::string("10.mp3"));
+    }
+
     void FilesAreReadOnAThreadOfTheirOwn() {
         const ScratchFolder folder;
         const Mp3File file = taggedFile(folder, "a.mp3", "First");

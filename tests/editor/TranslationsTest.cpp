@@ -1,6 +1,11 @@
 #include "apps/editor/Translations.h"
 
+#include "apps/editor/About.h"
+#include "apps/editor/CaseDialog.h"
+#include "apps/editor/ChangeDialog.h"
 #include "apps/editor/ChangeTree.h"
+#include "apps/editor/GenreDialog.h"
+#include "apps/editor/NumberDialog.h"
 #include "tests/controls/Registry.h"
 #include "tests/editor/EditorWindow.h"
 
@@ -47,7 +52,26 @@ QStringList mnemonicsIn(const QMenu& menu) {
     return found;
 }
 
-bool areDistinct(QStringList letters) { return letters.size() > 1 && letters.removeDuplicates() == 0; }
+QStringList mnemonicsIn(const QMenuBar& bar) {
+    QStringList found;
+    for (const QAction* entry : bar.actions()) found << QKeySequence::mnemonic(entry->text()).toString();
+    return found;
+}
+
+// Desktops give these buttons their first letters, in whatever language.
+QStringList ofStandardButtons(const QDialog& dialog) {
+    QStringList found;
+    for (const auto* box : dialog.findChildren<QDialogButtonBox*>()) {
+        for (const QAbstractButton* button : box->buttons()) {
+            const bool hasNone = QKeySequence::mnemonic(button->text()).isEmpty();
+            if (hasNone) found << QStringLiteral("Alt+") + button->text().left(1).toUpper();
+        }
+    }
+    found.removeDuplicates(); // how they differ among themselves is for the desktop
+    return found;
+}
+
+bool areDistinct(QStringList letters) { return letters.removeDuplicates() == 0; }
 
 } // namespace
 
@@ -95,24 +119,56 @@ private Q_SLOTS:
         QVERIFY(textOf({result}).contains("Kodiert von: "));
     }
 
-    void MnemonicsOfAMenuOrAPageAreDistinct_data() {
+    void MnemonicsOfAPageAndOfTheMenuBarAreDistinct_data() {
         QTest::addColumn<QString>("locale");
         QTest::newRow("German") << "de";
         QTest::newRow("English") << "en";
     }
-    void MnemonicsOfAMenuOrAPageAreDistinct() {
+    void MnemonicsOfAPageAndOfTheMenuBarAreDistinct() {
         QFETCH(QString, locale);
         const Translations texts{QLocale(locale)};
         EditorWindow window;
-        for (const QAction* entry : window->menuBar()->actions()) {
-            const QStringList letters = mnemonicsIn(*entry->menu());
-            QVERIFY2(areDistinct(letters), qPrintable(entry->text() + letters.join(QString())));
+        const QStringList bar = mnemonicsIn(*window->menuBar());
+        QCOMPARE(bar.size(), window->menuBar()->actions().size());
+        auto& one = *window->findChild<FilePages*>();
+        auto& many = *window->findChild<ManyPages*>();
+        for (QTabWidget* pages : {static_cast<QTabWidget*>(&one), static_cast<QTabWidget*>(&many)}) {
+            for (int at = 0; at < pages->count(); ++at) {
+                const QStringList letters = bar + mnemonicsIn(*pages->widget(at));
+                QVERIFY2(areDistinct(letters), qPrintable(pages->tabText(at) + ": " + letters.join(QString())));
+            }
         }
-        const auto& one = *window->findChild<FilePages*>();
-        const auto& many = *window->findChild<ManyPages*>();
-        for (const QWidget* page : {one.widget(0), one.widget(1), one.widget(2), many.widget(0), many.widget(1)}) {
-            const QStringList letters = mnemonicsIn(*page);
-            QVERIFY2(areDistinct(letters), qPrintable(letters.join(QString())));
+    }
+
+    void MnemonicsOfAMenuAreDistinct_data() { MnemonicsOfAPageAndOfTheMenuBarAreDistinct_data(); }
+    void MnemonicsOfAMenuAreDistinct() {
+        QFETCH(QString, locale);
+        const Translations texts{QLocale(locale)};
+        EditorWindow window;
+        const auto menus = window->findChildren<QMenu*>();
+        QVERIFY(menus.size() > 8); // those of the bar, and those of the text boxes
+        for (const QMenu* menu : menus) {
+            const QStringList letters = mnemonicsIn(*menu);
+            QVERIFY2(areDistinct(letters),
+                     qPrintable(menu->title() + menu->objectName() + ": " + letters.join(QString())));
+        }
+    }
+
+    void MnemonicsOfADialogAreDistinct_data() { MnemonicsOfAPageAndOfTheMenuBarAreDistinct_data(); }
+    void MnemonicsOfADialogAreDistinct() {
+        QFETCH(QString, locale);
+        const Translations texts{QLocale(locale)};
+        QWidget window;
+        showAbout(window);
+        const QList<QDialog*> dialogs{new CaseDialog(&window),
+                                      new NumberDialog(3, &window),
+                                      new GenreDialog(&window),
+                                      new ChangeDialog({}, SaveJob::Mode::Preview, &window),
+                                      new ChangeDialog({}, SaveJob::Mode::Save, &window),
+                                      window.findChild<QDialog*>("about")};
+        for (const QDialog* dialog : dialogs) {
+            const QStringList letters = mnemonicsIn(*dialog) + ofStandardButtons(*dialog);
+            QVERIFY2(areDistinct(letters), qPrintable(dialog->windowTitle() + ": " + letters.join(QString())));
         }
     }
 

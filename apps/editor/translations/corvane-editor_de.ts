@@ -98,7 +98,7 @@
     </message>
     <message>
         <source>&amp;First Letter of Each Word</source>
-        <translation>&amp;Anfangsbuchstabe Jedes Wortes Groß</translation>
+        <translation>Anfangsbuchstabe &amp;Jedes Wortes Groß</translation>
     </message>
     <message>
         <source>all in &amp;lower case</source>
@@ -125,10 +125,6 @@
         <translation>Al&amp;bum</translation>
     </message>
     <message>
-        <source>&amp;Comment</source>
-        <translation>Ko&amp;mmentar</translation>
-    </message>
-    <message>
         <source>Co&amp;mposer</source>
         <translation>Kom&amp;ponist</translation>
     </message>
@@ -139,6 +135,10 @@
     <message>
         <source>Con&amp;vert</source>
         <translation>&amp;Umwandeln</translation>
+    </message>
+    <message>
+        <source>Comme&amp;nt</source>
+        <translation>Ko&amp;mmentar</translation>
     </message>
 </context>
 <context>
@@ -172,7 +172,7 @@
         <translation>Bericht über das letzte Speichern</translation>
     </message>
     <message>
-        <source>&amp;Copy as text</source>
+        <source>Copy as &amp;text</source>
         <translation>Als Text &amp;kopieren</translation>
     </message>
 </context>
@@ -455,7 +455,7 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     </message>
     <message>
         <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
+        <translation>Ansi&amp;cht</translation>
     </message>
     <message>
         <source>Go to &amp;filter</source>
@@ -506,10 +506,6 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <translation>Ordner öffnen</translation>
     </message>
     <message>
-        <source>Corvane Editor[*]</source>
-        <translation>Corvane-Editor[*]</translation>
-    </message>
-    <message>
         <source>Reading</source>
         <translation>Lesen</translation>
     </message>
@@ -553,6 +549,38 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <source>%1 is not opened: %2</source>
         <translation>%1 wird nicht geöffnet: %2</translation>
     </message>
+    <message>
+        <source>Remove from the &amp;list</source>
+        <translation>Von der &amp;Liste nehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Read the files again</source>
+        <translation>Dateien &amp;neu lesen</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
+    <message>
+        <source>Remove from the list</source>
+        <translation>Von der Liste nehmen</translation>
+    </message>
+    <message>
+        <source>Temporary files</source>
+        <translation>Temporäre Dateien</translation>
+    </message>
+    <message>
+        <source>A save that was cut off has left temporary files behind: %1. Your files have all that is in them, except the tag that was being written.
+
+Remove the temporary files?</source>
+        <translation>Ein abgebrochenes Speichern hat temporäre Dateien zurückgelassen: %1. Alles darin außer dem Tag, der gerade geschrieben wurde, steht auch in Ihren Dateien.
+
+Die temporären Dateien entfernen?</translation>
+    </message>
+    <message>
+        <source>%1 was not removed: %2</source>
+        <translation>%1 wurde nicht entfernt: %2</translation>
+    </message>
 </context>
 <context>
     <name>corvane::editor::ManyPages</name>
@@ -574,7 +602,7 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     </message>
     <message>
         <source>Al&amp;bum</source>
-        <translation>Al&amp;bum</translation>
+        <translation>&amp;Album</translation>
     </message>
     <message>
         <source>Yea&amp;r</source>
@@ -598,11 +626,7 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     </message>
     <message>
         <source>Or&amp;iginal artist</source>
-        <translation>O&amp;riginalinterpret</translation>
-    </message>
-    <message>
-        <source>Copyrig&amp;ht</source>
-        <translation>Copyrig&amp;ht</translation>
+        <translation>&amp;Originalinterpret</translation>
     </message>
     <message>
         <source>&amp;URL</source>
@@ -610,7 +634,7 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     </message>
     <message>
         <source>Enco&amp;ded by</source>
-        <translation>Ko&amp;diert von</translation>
+        <translation>Kodie&amp;rt von</translation>
     </message>
     <message>
         <source>New picture for all</source>
@@ -631,6 +655,10 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
     <message>
         <source>Remove the &amp;pictures of all</source>
         <translation>Bilder aller Dateien ent&amp;fernen</translation>
+    </message>
+    <message>
+        <source>Cop&amp;yright</source>
+        <translation>Co&amp;pyright</translation>
     </message>
 </context>
 <context>
@@ -778,10 +806,6 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
 <context>
     <name>corvane::editor::ToolMenu</name>
     <message>
-        <source>&amp;Tags</source>
-        <translation>&amp;Tags</translation>
-    </message>
-    <message>
         <source>Copy ID3v&amp;1 to ID3v2</source>
         <translation>ID3v&amp;1 nach ID3v2 kopieren</translation>
     </message>
@@ -834,20 +858,16 @@ Wählen Sie Dateien aus, um zu sehen und zu ändern, was in ihnen steht.</transl
         <translation>Genre</translation>
     </message>
     <message>
-        <source>Load picture</source>
-        <translation>Bild laden</translation>
-    </message>
-    <message>
-        <source>Pictures (*.jpg *.jpeg *.png *.gif *.bmp);;All files (*)</source>
-        <translation>Bilder (*.jpg *.jpeg *.png *.gif *.bmp);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>%1 is no picture that a tag can hold.</source>
         <translation>%1 ist kein Bild, das ein Tag aufnehmen kann.</translation>
     </message>
     <message>
         <source>picture</source>
         <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Tag&amp;s</source>
+        <translation>Tag&amp;s</translation>
     </message>
 </context>
 <context>
