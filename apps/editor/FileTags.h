@@ -53,8 +53,9 @@ using OptionalPicture = std::optional<std::shared_ptr<Picture>>;
 struct TagValues {
     bool present = false;
     std::array<std::string, kFieldCount> texts; // UTF-8
-    // Pictures that are wanted. Nothing: those that the file has, whatever they are. The cover is the front cover, which
-    // the tools set; the other one is the picture that the page shows, which is the front cover or else the first one.
+    // Pictures that are wanted. Nothing: those that the file has, whatever they are. The cover is the front cover,
+    // which the tools set; the other one is the picture that the page shows, which is the front cover or else the first
+    // one.
     OptionalPicture cover, picture;
     std::vector<OtherReading> otherReadings; // of the texts that all tags have, as the file has them; nothing wanted
 

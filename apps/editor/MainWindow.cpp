@@ -336,7 +336,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 void MainWindow::restore() {
     resize(1180, 820);
     restoreGeometry(settings_.value(QLatin1String(kGeometryKey)).toByteArray());
-    resize(size().boundedTo(screen()->availableGeometry().size() - kFrameRoom));
+    if (!isMaximized() && !isFullScreen()) resize(size().boundedTo(screen()->availableGeometry().size() - kFrameRoom));
     restoreState(settings_.value(QLatin1String(kStateKey)).toByteArray());
     list_->setColumns(settings_.value(QLatin1String(kColumnsKey)).toByteArray());
     if (!splitter_->restoreState(settings_.value(QLatin1String(kSplitterKey)).toByteArray())) {

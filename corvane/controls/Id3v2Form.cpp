@@ -169,6 +169,7 @@ void Id3v2Form::lock(std::size_t at) {
 
 void Id3v2Form::paintFields() {
     for (std::size_t at = 0; at < boxes.size(); ++at) lock(at);
+    if (QLineEdit* genre = cmbGenre->lineEdit()) setShade(*genre, locked_ ? Shade::ButtonFace : Shade::Window);
 }
 
 void Id3v2Form::tell(const QString& notice) const {

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void theHostIsAskedToSaveOrRemove_data();
     void theHostIsAskedToSaveOrRemove();
     void aDisabledWindowAroundItChangesNoAnswer();
+    void aHostShowsAnotherPictureOfTheTag();
+    void aGenreIsAnyTextWhereTheHostAllowsIt();
     void disablingReachesFieldsAndButtons();
     void lockingKeepsFieldsAndPicture();
     void editsAreTold();
@@ -93,6 +95,46 @@ void ID3v2UseTest::aDisabledWindowAroundItChangesNoAnswer() {
     check().setChecked(false);
     QVERIFY(!control_->saveTag() && control_->removeTag());
     control_->setParent(nullptr);
+}
+
+void ID3v2UseTest::aHostShowsAnotherPictureOfTheTag() {
+    const auto given = give(fullTag());
+    const auto own = given->Picture();
+    QVERIFY(control_->ShownPicture() == own);
+    const auto other = corvane::Picture::fromBytes(pngImage(9, 9));
+    control_->ShownPicture(other);
+    QVERIFY(control_->ShownPicture() == other);
+    QVERIFY(label("lblPicture").text().startsWith(QString::fromUtf8("9 × 9")));
+    line("txtTitle").setText("New");
+    QCOMPARE(control_->ID3V2Tag()->Title(), std::string("New"));
+    QVERIFY(given->Picture() == own);
+    button("cmdClearPicture").click();
+    QVERIFY(control_->ShownPicture() == nullptr);
+    QVERIFY(control_->ID3V2Tag()->Picture() == own);
+    control_->ID3V2Tag(given);
+    QVERIFY(control_->ShownPicture() == own);
+    button("cmdClearPicture").click();
+    QVERIFY(control_->ID3V2Tag()->Picture() == nullptr);
+}
+
+void ID3v2UseTest::aGenreIsAnyTextWhereTheHostAllowsIt() {
+    control_->AllowAnyGenre();
+    give(fullTag());
+    QVERIFY(showWindow(*control_));
+    QLineEdit& genre = line("txtGenre");
+    QCOMPARE(genre.text(), "Rock");
+    QCOMPARE(control_->ID3V2Tag()->Genre(), std::string("(17)Rock"));
+    genre.selectAll();
+    type(genre, "Hurdy-Gurdy");
+    QCOMPARE(control_->ID3V2Tag()->Genre(), std::string("Hurdy-Gurdy"));
+    genre.selectAll();
+    type(genre, "jazz");
+    QCOMPARE(control_->ID3V2Tag()->Genre(), std::string("(8)Jazz"));
+    const QColor white = background(genre);
+    control_->Locked(true);
+    type(genre, "x");
+    QCOMPARE(genre.text(), "jazz");
+    QVERIFY(background(genre) != white);
 }
 
 void ID3v2UseTest::disablingReachesFieldsAndButtons() {
