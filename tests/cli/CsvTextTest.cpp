@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::csvtext_test {
 namespace {
 
 struct Case {
@@ -27,4 +27,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::csvtext_test

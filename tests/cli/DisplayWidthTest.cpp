@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::displaywidth_test {
 namespace {
 
 using Pieces = std::vector<std::string>;
@@ -50,4 +50,4 @@ TEST(Wrapped, TextThatFitsIsOnePiece) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::displaywidth_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::framecontent_test {
 namespace {
 
 using test::ByteBuilder;
@@ -85,4 +85,4 @@ TEST(FrameName, NamesTheKindOfAnUnknownFrame) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::framecontent_test

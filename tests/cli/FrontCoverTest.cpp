@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::frontcover_test {
 namespace {
 
 using test::Id3v2Builder;
@@ -118,4 +118,4 @@ TEST(ShownPicture, OfTheSameBytesOrOfNoneIsNoChange) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::frontcover_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::id3v1edit_test {
 namespace {
 
 using Warnings = std::vector<std::string>;
@@ -136,4 +136,4 @@ TEST_F(Edit, TrackOfATagThatDoesNotFitARecordIsAFailure) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::id3v1edit_test

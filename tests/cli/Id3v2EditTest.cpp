@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace corvane::cli {
+namespace corvane::cli::id3v2edit_test {
 namespace {
 
 using test::Id3v2Builder;
@@ -112,4 +112,4 @@ TEST_F(Id3v2EditTest, SamePictureIsNoChange) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::id3v2edit_test

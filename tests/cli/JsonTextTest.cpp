@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <random>
 
-namespace corvane::cli {
+namespace corvane::cli::jsontext_test {
 namespace {
 
 std::string quoted(std::string_view text) {
@@ -60,4 +60,4 @@ TEST(JsonText, AnyBytesAreReadBackWithMalformedOnesReplaced) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::jsontext_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::options_test {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -128,4 +128,4 @@ TEST_F(SaidOptions, HelpTextHasEveryOptionWithItsValueAndItsGroup) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::options_test

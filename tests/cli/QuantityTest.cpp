@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace corvane::cli {
+namespace corvane::cli::quantity_test {
 namespace {
 
 TEST(Quantity, DigitsStandInGroupsOfThree) {
@@ -41,4 +41,4 @@ TEST(Quantity, DurationHasHoursWhereItNeedsThem) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::quantity_test

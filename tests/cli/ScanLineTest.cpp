@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::scanline_test {
 namespace {
 
 FileSummary sample() {
@@ -65,4 +65,4 @@ TEST(ScanLine, NumbersOfAnySizeAreWritten) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::scanline_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::sectiontext_test {
 namespace {
 
 std::string plain(const Section& section, unsigned columns = 0) {
@@ -58,4 +58,4 @@ TEST(SectionText, ColoursDoNotChangeTheAlignment) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::sectiontext_test

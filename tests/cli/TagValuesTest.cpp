@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::tagvalues_test {
 namespace {
 
 struct MeaningCase {
@@ -55,4 +55,4 @@ TEST(Id3v1PartOfValues, ValueWithoutANumberIsDeletedAndTold) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::tagvalues_test

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <fstream>
 
-namespace corvane::cli {
+namespace corvane::cli::valuefiles_test {
 namespace {
 
 struct TextCase {
@@ -60,4 +60,4 @@ TEST_F(ValueFile, ThatIsMissingFails) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::valuefiles_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane::cli {
+namespace corvane::cli::visibletext_test {
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -65,4 +65,4 @@ TEST(VisibleLines, TabsBecomeBlanksAndOtherControlsVisible) {
 }
 
 } // namespace
-} // namespace corvane::cli
+} // namespace corvane::cli::visibletext_test

@@ -15,7 +15,7 @@
 #include <cerrno>
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::createid3v2tag_test {
 namespace {
 
 using namespace test;
@@ -171,4 +171,4 @@ TEST_F(CreateId3v2Tag, TheGivenTagStaysAsItIs) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::createid3v2tag_test

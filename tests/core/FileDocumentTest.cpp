@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <regex>
 
-namespace corvane {
+namespace corvane::filedocument_test {
 namespace {
 
 using test::ByteBuilder;
@@ -164,4 +164,4 @@ TEST_F(FileDocumentTest, ANameThatIsNotUtf8StaysWellFormed) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::filedocument_test

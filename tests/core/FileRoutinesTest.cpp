@@ -18,7 +18,7 @@
 #include <filesystem>
 #include <regex>
 
-namespace corvane {
+namespace corvane::fileroutines_test {
 namespace {
 
 using test::bytesOf;
@@ -440,4 +440,4 @@ TEST(CutFileBytes, CutsTheFileBehindALink) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::fileroutines_test

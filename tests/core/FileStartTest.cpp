@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::filestart_test {
 namespace {
 
 using test::ByteBuilder;
@@ -63,4 +63,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::filestart_test

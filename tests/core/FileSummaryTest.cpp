@@ -13,7 +13,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::filesummary_test {
 namespace {
 
 using test::Encoding;
@@ -143,4 +143,4 @@ TEST_F(FileSummaryTest, WhatIsNoMp3FileIsAFailure) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::filesummary_test

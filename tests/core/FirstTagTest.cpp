@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvane {
+namespace corvane::firsttag_test {
 namespace {
 
 using namespace std::string_literals;
@@ -169,4 +169,4 @@ TEST_F(FirstTag, fileThatCannotBeReadIsAFailure) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::firsttag_test

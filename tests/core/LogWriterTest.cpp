@@ -14,7 +14,7 @@
 #include <regex>
 #include <thread>
 
-namespace corvane {
+namespace corvane::logwriter_test {
 namespace {
 
 using test::contentOf;
@@ -176,4 +176,4 @@ TEST(LogWriter, LinesOfSeveralWritersDoNotMix) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::logwriter_test

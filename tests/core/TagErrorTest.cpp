@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::tagerror_test {
 namespace {
 
 TEST(TagError, StreamIsThatOfTheRecord) {
@@ -63,4 +63,4 @@ TEST(TagError, BindingAgainReplacesTheRecord) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagerror_test

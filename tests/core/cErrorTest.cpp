@@ -12,7 +12,7 @@
 #include <new>
 #include <stdexcept>
 
-namespace corvane {
+namespace corvane::cerror_test {
 namespace {
 
 using test::HostMessageBox;
@@ -275,4 +275,4 @@ TEST(RecordFailures, TheEndOfAThreadPasses) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::cerror_test

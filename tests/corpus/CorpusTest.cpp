@@ -15,7 +15,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace corvane {
+namespace corvane::corpus_test {
 namespace {
 
 std::vector<std::string> corpusFiles() {
@@ -60,4 +60,4 @@ TEST(Corpus, EveryFileHasASummaryOrAClearError) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::corpus_test

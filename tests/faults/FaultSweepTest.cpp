@@ -19,7 +19,7 @@
 #include <map>
 #include <regex>
 
-namespace corvane {
+namespace corvane::faultsweep_test {
 namespace {
 
 using test::ByteBuilder;
@@ -348,4 +348,4 @@ TEST(RenameThatIsReportedAsFailed, IsASuccessWhenTheFileBearsTheName) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::faultsweep_test

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvane {
+namespace corvane::genretable_test {
 namespace {
 
 // Every row as it is published: number, blank, name.
@@ -63,4 +63,4 @@ TEST(GenreTable, TheUndefinedGenreStandsLast) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::genretable_test

@@ -6,7 +6,7 @@
 #include <string>
 #include <type_traits>
 
-namespace corvane {
+namespace corvane::genres_test {
 namespace {
 
 constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
@@ -125,4 +125,4 @@ TEST(Genre, NumHoldsEverySixteenBitNumber) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::genres_test

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-namespace corvane {
+namespace corvane::id3v1tag_test {
 namespace {
 
 using enum EID3TagConstants;
@@ -373,4 +373,4 @@ TEST(ID3V1TagImport, WhatXmlWritesReadsBack) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v1tag_test

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v1record_test {
 namespace {
 
 using test::bytesOf;
@@ -272,4 +272,4 @@ TEST(EncodeRecord, WhatIsWrittenReadsBack) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v1record_test

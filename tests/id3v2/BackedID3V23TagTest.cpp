@@ -13,7 +13,7 @@
 
 #include <limits>
 
-namespace corvane {
+namespace corvane::backedid3v23tag_test {
 namespace {
 
 using namespace test;
@@ -299,4 +299,4 @@ TEST(BackedID3V23Tag, FramesAreFoundByTheirIdsInNoTimeToSpeakOf) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::backedid3v23tag_test

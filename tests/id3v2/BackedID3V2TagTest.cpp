@@ -16,7 +16,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::backedid3v2tag_test {
 namespace {
 
 using namespace test;
@@ -252,4 +252,4 @@ TEST(BackedID3V2Tag, AnUnknownFrameHasItsLettersInTheDocument) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::backedid3v2tag_test

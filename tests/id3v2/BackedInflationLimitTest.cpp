@@ -10,7 +10,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::backedinflationlimit_test {
 namespace {
 
 using namespace test;
@@ -69,4 +69,4 @@ TEST(BackedInflationLimit, FramesBeyondItAreCarriedOverByteForByte) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::backedinflationlimit_test

@@ -10,7 +10,7 @@
 
 #include <limits>
 
-namespace corvane {
+namespace corvane::bytehelpers_test {
 namespace {
 
 using test::bytesOf;
@@ -153,4 +153,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::bytehelpers_test

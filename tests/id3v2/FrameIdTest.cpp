@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::frameid_test {
 namespace {
 
 TEST(FrameId, NamesTheFrameThatItsTextSays) {
@@ -41,4 +41,4 @@ TEST(FrameId, OnlyBlanksAreBlank) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::frameid_test

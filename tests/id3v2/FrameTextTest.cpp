@@ -8,7 +8,7 @@
 
 #include <limits>
 
-namespace corvane {
+namespace corvane::frametext_test {
 namespace {
 
 using namespace test;
@@ -168,4 +168,4 @@ TEST(FrameTextOfVersion22, AnyOtherEncodingAndEveryOtherFrameHasNone) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::frametext_test

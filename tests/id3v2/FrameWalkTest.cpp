@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace corvane {
+namespace corvane::framewalk_test {
 namespace {
 
 using namespace test;
@@ -122,4 +122,4 @@ INSTANTIATE_TEST_SUITE_P(Sizes, FrameSize,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framewalk_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::genretext_test {
 namespace {
 
 struct Case {
@@ -27,4 +27,4 @@ INSTANTIATE_TEST_SUITE_P(Texts, GenreText,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::genretext_test

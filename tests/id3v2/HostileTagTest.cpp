@@ -10,7 +10,7 @@
 
 #include <functional>
 
-namespace corvane {
+namespace corvane::hostiletag_test {
 namespace {
 
 using namespace test;
@@ -91,4 +91,4 @@ TEST(HostileTag, OfOneTextWithAValueInEveryByte) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::hostiletag_test

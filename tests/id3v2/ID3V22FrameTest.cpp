@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v22frame_test {
 namespace {
 
 using namespace test;
@@ -51,4 +51,4 @@ TEST(ID3V22Frame, WhatCanNoLongerBeReadIsEmpty) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v22frame_test

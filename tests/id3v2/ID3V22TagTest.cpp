@@ -8,7 +8,7 @@
 
 #include <limits>
 
-namespace corvane {
+namespace corvane::id3v22tag_test {
 namespace {
 
 using namespace test;
@@ -95,4 +95,4 @@ TEST(ID3V22Tag, SavingAndRemovingAreNotSupported) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v22tag_test

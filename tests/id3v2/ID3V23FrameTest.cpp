@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v23frame_test {
 namespace {
 
 using namespace test;
@@ -81,4 +81,4 @@ TEST(ID3V23Frame, WhatCanNoLongerBeReadIsEmpty) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v23frame_test

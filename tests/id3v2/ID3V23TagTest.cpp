@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v23tag_test {
 namespace {
 
 using namespace test;
@@ -255,4 +255,4 @@ TEST(ID3V23Tag, TextThatCanNoLongerBeReadIsEmptyAndRecorded) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v23tag_test

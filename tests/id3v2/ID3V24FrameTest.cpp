@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v24frame_test {
 namespace {
 
 using namespace test;
@@ -63,4 +63,4 @@ TEST(ID3V24Frame, WhatCanNoLongerBeReadIsEmpty) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v24frame_test

@@ -8,7 +8,7 @@
 
 #include <limits>
 
-namespace corvane {
+namespace corvane::id3v24tag_test {
 namespace {
 
 using namespace test;
@@ -102,4 +102,4 @@ TEST(ID3V24Tag, ATagWhoseFooterDiffersCannotBeRead) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v24tag_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v2header_test {
 namespace {
 
 ByteArray headerBytes() { return test::ByteBuilder().text("ID3").byte(3).byte(1).byte(0xA0).synchsafe(257).done(); }
@@ -47,4 +47,4 @@ INSTANTIATE_TEST_SUITE_P(Bytes, ID3V2HeaderNumbers,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v2header_test

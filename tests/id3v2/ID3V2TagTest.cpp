@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v2tag_test {
 namespace {
 
 using namespace test;
@@ -355,4 +355,4 @@ TEST(ID3V2Tag, AnErrorObtainedBeforeARefusalShowsThatRefusal) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v2tag_test

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
-namespace corvane {
+namespace corvane::id3v2tagxml_test {
 namespace {
 
 using namespace test;
@@ -152,4 +152,4 @@ TEST(ID3V2TagXml, APictureThatCanNoLongerBeReadIsAFailure) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v2tagxml_test

@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-namespace corvane {
+namespace corvane::id3errors_test {
 namespace {
 
 TEST(Id3ErrorText, NamesEveryNumberOfTheTable) {
@@ -24,4 +24,4 @@ TEST(Id3ErrorText, AnyOtherNumberIsAnUnknownError) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3errors_test

@@ -13,7 +13,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::inflationlimit_test {
 namespace {
 
 using namespace test;
@@ -67,4 +67,4 @@ TEST(InflationLimit, AFrameBeyondItIsARecordedFailureOfAParsedTag) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::inflationlimit_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::readablegenre_test {
 namespace {
 
 struct Case {
@@ -40,4 +40,4 @@ TEST(ReadableGenres, OfSeveralNamesEachOnce) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::readablegenre_test

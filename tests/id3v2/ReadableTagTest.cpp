@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::readabletag_test {
 namespace {
 
 using namespace test;
@@ -108,4 +108,4 @@ TEST(ReadableTag, NeedsTheFileNoMore) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::readabletag_test

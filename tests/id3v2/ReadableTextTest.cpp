@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::readabletext_test {
 namespace {
 
 using namespace test;
@@ -153,4 +153,4 @@ TEST(ReadableText, IsReadFromTheFileOnlyWhereThereIsSomethingToRead) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::readabletext_test

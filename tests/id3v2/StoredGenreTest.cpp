@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::storedgenre_test {
 namespace {
 
 TEST(StoredGenre, IsTheSameWhicheverWayItIsEntered) {
@@ -51,4 +51,4 @@ TEST(StoredGenre, EveryNameOfTheTableIsReadBackAsItIs) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::storedgenre_test

@@ -13,7 +13,7 @@
 #include <cerrno>
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::tagframes_test {
 namespace {
 
 using namespace test;
@@ -193,4 +193,4 @@ TEST(PayloadInMemory, OfAGatheredFrameOutlivesTheFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagframes_test

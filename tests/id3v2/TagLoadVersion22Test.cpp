@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::tagloadversion22_test {
 namespace {
 
 using namespace test;
@@ -75,4 +75,4 @@ TEST(TagLoadVersion22, EveryShorterPrefixIsRefused) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagloadversion22_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::tagloadversion23_test {
 namespace {
 
 using namespace test;
@@ -245,4 +245,4 @@ TEST(TagLoadVersion23, ATagThatDoesNotBeginTheFileIsReadFromItsPosition) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagloadversion23_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::tagloadversion24_test {
 namespace {
 
 using namespace test;
@@ -254,4 +254,4 @@ TEST(TagLoadVersion24, EveryShorterPrefixIsRefused) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagloadversion24_test

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::cleanedquotes_test {
 namespace {
 
 using namespace test;
@@ -112,4 +112,4 @@ TEST(CleanedQuotes, AreReadInTheIdentifierOfAFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::cleanedquotes_test

@@ -10,7 +10,7 @@
 #include <array>
 #include <cstdint>
 
-namespace corvane {
+namespace corvane::enumerations_test {
 namespace {
 
 using enum ID3_FrameID;
@@ -166,4 +166,4 @@ TEST(Enumerations, NamesAreAskedForBy1And2) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::enumerations_test

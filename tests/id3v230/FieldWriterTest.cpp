@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::fieldwriter_test {
 namespace {
 
 using namespace test;
@@ -69,4 +69,4 @@ TEST(Id3SetField, TellsTheUserOfAMissingField) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::fieldwriter_test

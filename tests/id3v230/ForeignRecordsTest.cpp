@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::foreignrecords_test {
 namespace {
 
 using namespace test;
@@ -175,4 +175,4 @@ TEST(ForeignRecord, StaysWhereTheFrameHasNoFieldForAValueAndTheRestIsWritten) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::foreignrecords_test

@@ -12,7 +12,7 @@
 #include <ostream>
 #include <random>
 
-namespace corvane {
+namespace corvane::framecontent_test {
 namespace {
 
 using namespace test;
@@ -340,4 +340,4 @@ TEST(FrameContent, OfRandomBytesIsRead) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framecontent_test

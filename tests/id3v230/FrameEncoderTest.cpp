@@ -20,7 +20,7 @@
 #include <ostream>
 #include <thread>
 
-namespace corvane {
+namespace corvane::frameencoder_test {
 namespace {
 
 using namespace test;
@@ -374,4 +374,4 @@ TEST(FrameEncoder, WorksInSeveralThreads) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::frameencoder_test

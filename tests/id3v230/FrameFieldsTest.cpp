@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::framefields_test {
 namespace {
 
 TEST(FrameFields, AreThoseThatId3libGivesTheFrame) {
@@ -43,4 +43,4 @@ TEST(FrameFields, HoldTheValueWhereThereIsOne) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framefields_test

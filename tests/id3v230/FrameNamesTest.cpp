@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvane {
+namespace corvane::framenames_test {
 namespace {
 
 using enum enumShortOrLongText;
@@ -133,4 +133,4 @@ TEST(FrameNames, LettersOfNoFrameHaveTheNumberOfNoFrame) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framenames_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::framesource_test {
 namespace {
 
 using test::Id3v2Builder;
@@ -72,4 +72,4 @@ TEST(FrameSource, ADescriptionLongerThanWhatIsAtHandIsReadFromTheFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framesource_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::frametextencoding_test {
 namespace {
 
 using namespace test;
@@ -41,4 +41,4 @@ TEST(FrameTextEncoding, SeparatesValuesWithTheEndOfAString) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::frametextencoding_test

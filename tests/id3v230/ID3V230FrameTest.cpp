@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::id3v230frame_test {
 namespace {
 
 using Record = Internals<ID3V230Frame>;
@@ -245,4 +245,4 @@ TEST(ID3V230Frame, OfSyncedLyricsKeepsTheTimesOfLinesThatStay) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v230frame_test

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace corvane {
+namespace corvane::id3v230frames_test {
 namespace {
 
 ID3V230& withTitle(ID3V230& tag) {
@@ -65,4 +65,4 @@ TEST(ID3V230Frames, KeepTheirIteratorsWhenTheyGetMoreRecords) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v230frames_test

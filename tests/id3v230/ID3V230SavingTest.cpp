@@ -14,7 +14,7 @@
 
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::id3v230saving_test {
 namespace {
 
 using namespace test;
@@ -436,4 +436,4 @@ TEST(StripTags, WithoutAFileNothingIsDone) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v230saving_test

@@ -7,7 +7,7 @@
 
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::id3v230_test {
 namespace {
 
 using enum ID3_FrameID;
@@ -408,4 +408,4 @@ TEST(ID3V230, LoadingReadsTheRecords) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3v230_test

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace corvane {
+namespace corvane::id3framenumbers_test {
 namespace {
 
 // id3lib's numbers as measured with the library, by ours.
@@ -28,4 +28,4 @@ TEST(Id3FrameNumbers, OfWhatIsNoFrameAreNone) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3framenumbers_test

@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-namespace corvane {
+namespace corvane::id3library_test {
 namespace {
 
 using namespace test;
@@ -74,4 +74,4 @@ TEST(Id3Library, PresentHasNoMessage) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::id3library_test

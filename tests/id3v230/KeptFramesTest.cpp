@@ -14,7 +14,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-namespace corvane {
+namespace corvane::keptframes_test {
 namespace {
 
 using test::ScratchFolder;
@@ -75,4 +75,4 @@ TEST(KeptFrames, WithoutRoomAreAFailure) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::keptframes_test

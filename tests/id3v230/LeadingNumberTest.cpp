@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::leadingnumber_test {
 namespace {
 
 struct Case {
@@ -34,4 +34,4 @@ TEST(LeadingNumber, ANumberThatDoesNotFitIsAnOverflow) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::leadingnumber_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::libraryframes_test {
 namespace {
 
 using namespace test;
@@ -35,4 +35,4 @@ TEST(LibraryFrames, ThatSayLessThanWasWantedAreRefused) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::libraryframes_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::millisecondtext_test {
 namespace {
 
 struct Case {
@@ -36,4 +36,4 @@ TEST(MillisecondText, OfAnyOtherFormIsRefused) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::millisecondtext_test

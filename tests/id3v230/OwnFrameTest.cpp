@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::ownframe_test {
 namespace {
 
 using namespace test;
@@ -98,4 +98,4 @@ TEST(OwnFrame, OfEveryOtherKindIsThatOfId3lib) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::ownframe_test

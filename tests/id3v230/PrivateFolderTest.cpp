@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace corvane {
+namespace corvane::privatefolder_test {
 namespace {
 
 using namespace test;
@@ -43,4 +43,4 @@ TEST(PrivateFolder, IsAnotherOneEachTime) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::privatefolder_test

@@ -14,7 +14,7 @@
 #include <map>
 #include <random>
 
-namespace corvane {
+namespace corvane::randomtags_test {
 namespace {
 
 using namespace test;
@@ -239,4 +239,4 @@ TEST(RandomTags, KeepWhatWasNotTouchedAndReadBackWhatWasWritten) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::randomtags_test

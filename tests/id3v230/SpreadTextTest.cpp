@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::spreadtext_test {
 namespace {
 
 using namespace test;
@@ -36,4 +36,4 @@ TEST(UnspreadText, LeavesDataThatAreNotSpread) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::spreadtext_test

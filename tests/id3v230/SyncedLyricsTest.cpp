@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::syncedlyrics_test {
 namespace {
 
 using namespace test;
@@ -102,4 +102,4 @@ TEST(SyncedLyrics, AreTakenAsFarAsTheyAreWhole) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::syncedlyrics_test

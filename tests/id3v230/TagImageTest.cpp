@@ -14,7 +14,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace corvane {
+namespace corvane::tagimage_test {
 namespace {
 
 using test::ByteBuilder;
@@ -349,4 +349,4 @@ TEST(TagImage, EveryChangedByteIsReadWithoutHarm) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagimage_test

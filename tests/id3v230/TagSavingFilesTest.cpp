@@ -16,7 +16,7 @@
 #include <fstream>
 #include <system_error>
 
-namespace corvane {
+namespace corvane::tagsavingfiles_test {
 namespace {
 
 using test::Id3v2Builder;
@@ -231,4 +231,4 @@ TEST_P(EveryWay, TheFileSizeLimitOfTheProcessIsAFailureThatChangesNothing) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagsavingfiles_test

@@ -10,7 +10,7 @@
 
 #include <fstream>
 
-namespace corvane {
+namespace corvane::tagsaving_test {
 namespace {
 
 using test::ByteBuilder;
@@ -370,4 +370,4 @@ TEST(TagSaving, WithAnyByteChangedNothingIsLost) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagsaving_test

@@ -20,7 +20,7 @@
 
 #include <algorithm>
 
-namespace corvane {
+namespace corvane::tagstripping_test {
 namespace {
 
 using test::bytesOf;
@@ -269,4 +269,4 @@ TEST_F(AHugeFile, KeepsTheRightBytesWhenItsTagGrows) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::tagstripping_test

@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::trailingtags_test {
 namespace {
 
 using test::bytesOf;
@@ -145,4 +145,4 @@ TEST(TrailingTags, NoByteThatIsChangedOrMissingLeadsOutOfTheFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::trailingtags_test

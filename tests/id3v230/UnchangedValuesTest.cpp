@@ -9,7 +9,7 @@
 
 #include <functional>
 
-namespace corvane {
+namespace corvane::unchangedvalues_test {
 namespace {
 
 using namespace test;
@@ -242,4 +242,4 @@ TEST(UnchangedValues, OfAnUnknownPictureDoNotKeepAnotherFromBeingSetAndTakenOut)
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::unchangedvalues_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::urltext_test {
 namespace {
 
 TEST(UrlText, EscapesWhatHasNoByteOfItsOwn) {
@@ -16,4 +16,4 @@ TEST(UrlText, EscapesWhatHasNoByteOfItsOwn) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::urltext_test

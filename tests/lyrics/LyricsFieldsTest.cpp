@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::lyricsfields_test {
 namespace {
 
 std::shared_ptr<LyricsV200Field> fieldOf(std::string_view id, std::string text = {}) {
@@ -44,4 +44,4 @@ TEST(LyricsFields, OnlyTheWholeIdFindsAField) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::lyricsfields_test

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace corvane {
+namespace corvane::lyricsformat_test {
 namespace {
 
 using test::bytesOf;
@@ -144,4 +144,4 @@ TEST(TakeLyricsField, AHostileBodyIsSplitInOnePass) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::lyricsformat_test

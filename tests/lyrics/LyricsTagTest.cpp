@@ -18,7 +18,7 @@
 #include <optional>
 #include <string>
 
-namespace corvane {
+namespace corvane::lyricstag_test {
 namespace {
 
 using test::ByteBuilder;
@@ -415,4 +415,4 @@ TEST_F(LyricsTagLoad, ATagOfManyFieldsIsRead) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::lyricstag_test

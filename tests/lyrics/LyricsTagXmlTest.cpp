@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace corvane {
+namespace corvane::lyricstagxml_test {
 namespace {
 
 using test::LyricsBuilder;
@@ -223,4 +223,4 @@ TEST(LyricsTagImport, WhatXmlWritesReadsBack) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::lyricstagxml_test

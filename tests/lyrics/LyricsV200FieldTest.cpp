@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace corvane {
+namespace corvane::lyricsv200field_test {
 namespace {
 
 std::shared_ptr<LyricsV200Field> fieldOf(std::string_view id) { return Internals<LyricsV200Field>::of(id, 4, "Text"); }
@@ -57,4 +57,4 @@ TEST(LyricsV200Field, TheIdIsPaddedOrCutToThreeCharacters) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::lyricsv200field_test

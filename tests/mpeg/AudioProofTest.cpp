@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::audioproof_test {
 namespace {
 
 using test::MpegFrame;
@@ -145,4 +145,4 @@ TEST(AudioProof, freeFormatCountsOnlyWhereTheAudioBegins) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::audioproof_test

@@ -17,7 +17,7 @@
 #include <filesystem>
 #include <random>
 
-namespace corvane {
+namespace corvane::framesearch_test {
 namespace {
 
 using test::ByteBuilder;
@@ -231,4 +231,4 @@ TEST(FirstFrameOfAFile, AFileThatIsCutMeanwhileHasNoneInWhatIsGone) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framesearch_test

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace corvane {
+namespace corvane::framevalues_test {
 namespace {
 
 template <class Body>
@@ -144,4 +144,4 @@ TEST(FrameCountOf, NeverFails) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::framevalues_test

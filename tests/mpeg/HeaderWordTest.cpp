@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::headerword_test {
 namespace {
 
 using test::headerWord;
@@ -125,4 +125,4 @@ TEST(IsFrameHeader, RefusesEveryOtherSync) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::headerword_test

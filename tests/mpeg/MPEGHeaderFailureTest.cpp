@@ -8,7 +8,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::mpegheaderfailure_test {
 namespace {
 
 using test::MpegFrame;
@@ -134,4 +134,4 @@ TEST_F(MPEGHeaderFailure, LoadHeaderOfAMissingFileChangesNothing) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mpegheaderfailure_test

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::mpegheader_test {
 namespace {
 
 using test::ByteBuilder;
@@ -277,4 +277,4 @@ TEST_F(MPEGHeaderTest, AXingHeaderWithoutAFrameCountKeepsTheEarlierCountOnPurpos
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mpegheader_test

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::mpegheaderxml_test {
 namespace {
 
 constexpr const char* kDeclaration = "<?xml version = '1.0' encoding = 'iso-8859-1'?><!--MPEGHeader-->";
@@ -96,4 +96,4 @@ TEST(MPEGHeaderXml, AppendsTheSameElementToABiggerDocument) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mpegheaderxml_test

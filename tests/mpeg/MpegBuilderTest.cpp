@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::mpegbuilder_test {
 namespace {
 
 using test::MpegFrame;
@@ -50,4 +50,4 @@ TEST(MpegBuilder, AXingFrameHasTheFlaggedNumbersInOrder) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mpegbuilder_test

@@ -7,7 +7,7 @@
 #include <array>
 #include <functional>
 
-namespace corvane {
+namespace corvane::mpegtables_test {
 namespace {
 
 FailureNumber failureOf(const std::function<void()>& lookUp) {
@@ -93,4 +93,4 @@ TEST(EmphasisName, IsEmptyForAnyOtherValue) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mpegtables_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::xingheader_test {
 namespace {
 
 using test::MpegFrame;
@@ -104,4 +104,4 @@ TEST(XingHeader, NothingBehindItsReachMatters) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::xingheader_test

@@ -9,7 +9,7 @@
 
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::blockdevice_test {
 namespace {
 
 using test::bytesOf;
@@ -82,4 +82,4 @@ TEST(BlockDevice, IsRemovableWhenItOrItsDiskSaysSo) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::blockdevice_test

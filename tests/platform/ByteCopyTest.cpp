@@ -14,7 +14,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::bytecopy_test {
 namespace {
 
 using test::bytesOf;
@@ -158,4 +158,4 @@ TEST(AppendRange, CopiesASmallFileByteForByte) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::bytecopy_test

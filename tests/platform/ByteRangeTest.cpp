@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::byterange_test {
 namespace {
 
 TEST(ByteRange, FillsIsTrueForRangesThatFollowEachOtherToTheEnd) {
@@ -32,4 +32,4 @@ TEST(ByteRange, AFieldThatDoesNotFitTheRecordHasNoBytes) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::byterange_test

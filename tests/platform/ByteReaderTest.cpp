@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace corvane {
+namespace corvane::bytereader_test {
 namespace {
 
 constexpr std::array<std::uint8_t, 5> kBytes{1, 2, 3, 4, 5};
@@ -40,4 +40,4 @@ TEST(ByteReader, AnOffsetPastTheEndLeavesNothing) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::bytereader_test

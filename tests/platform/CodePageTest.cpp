@@ -4,7 +4,7 @@
 
 #include <numeric>
 
-namespace corvane {
+namespace corvane::codepage_test {
 namespace {
 
 TEST(CodePage, EveryByteSurvivesDecodingAndEncoding) {
@@ -30,4 +30,4 @@ TEST(CodePage, ACharacterWithoutAPlaceBecomesAQuestionMarkAndIsCounted) {
 TEST(CodePage, AControlCharacterThatTheCodePageReplacesHasNoPlace) { EXPECT_FALSE(codePageByte(0x80)); }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::codepage_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::drivekind_test {
 namespace {
 
 struct Case {
@@ -41,4 +41,4 @@ INSTANTIATE_TEST_SUITE_P(Mounts, KindOfDrive,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::drivekind_test

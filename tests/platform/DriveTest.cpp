@@ -15,7 +15,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::drive_test {
 namespace {
 
 using test::bytesOf;
@@ -102,4 +102,4 @@ TEST(Drive, WhereTheSystemTellsNoMountsTheSizesAreStillKnown) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::drive_test

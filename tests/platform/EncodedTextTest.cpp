@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::encodedtext_test {
 namespace {
 
 using namespace test;
@@ -110,4 +110,4 @@ TEST(JoinedValues, StandBehindEachOther) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::encodedtext_test

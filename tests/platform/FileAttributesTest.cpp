@@ -17,7 +17,7 @@
 #include <cerrno>
 #include <cstdio>
 
-namespace corvane {
+namespace corvane::fileattributes_test {
 namespace {
 
 using test::ByteBuilder;
@@ -176,4 +176,4 @@ TEST(FileAttributes, AListInheritedFromTheFolderLetsNobodyIn) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::fileattributes_test

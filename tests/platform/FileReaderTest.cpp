@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <vector>
 
-namespace corvane {
+namespace corvane::filereader_test {
 namespace {
 
 using test::ScratchFolder;
@@ -121,4 +121,4 @@ TEST(FileReader, WhatIsNoRegularFileIsRefusedAtOnce) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::filereader_test

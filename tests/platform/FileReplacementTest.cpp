@@ -17,7 +17,7 @@
 #include <fstream>
 #include <thread>
 
-namespace corvane {
+namespace corvane::filereplacement_test {
 namespace {
 
 using test::bytesOf;
@@ -373,4 +373,4 @@ TEST(FileReplacement, DifferentThreadsMayReplaceDifferentFilesOfOneFolder) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::filereplacement_test

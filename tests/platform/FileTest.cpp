@@ -19,7 +19,7 @@
 #include <ctime>
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::file_test {
 namespace {
 
 using test::bytesOf;
@@ -128,4 +128,4 @@ INSTANTIATE_TEST_SUITE_P(Extensions, FileTypeName,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::file_test

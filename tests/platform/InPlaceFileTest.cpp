@@ -13,7 +13,7 @@
 #include <cerrno>
 #include <system_error>
 
-namespace corvane {
+namespace corvane::inplacefile_test {
 namespace {
 
 using test::bytesOf;
@@ -118,4 +118,4 @@ TEST(InPlaceFile, ALinkIsFollowed) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::inplacefile_test

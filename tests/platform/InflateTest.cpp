@@ -7,7 +7,7 @@
 #include <limits>
 #include <optional>
 
-namespace corvane {
+namespace corvane::inflate_test {
 namespace {
 
 using test::bytesOf;
@@ -82,4 +82,4 @@ TEST(Inflate, AStreamThatWantsADictionaryIsRefused) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::inflate_test

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <ctime>
 
-namespace corvane {
+namespace corvane::localtime_test {
 namespace {
 
 struct Case {
@@ -50,4 +50,4 @@ TEST(LocalTime, ATimeThatNoCalendarCanNameIsAnOverflow) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::localtime_test

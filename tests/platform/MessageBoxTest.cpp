@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::messagebox_test {
 namespace {
 
 // In a process of its own, because the texts hold for the whole process.
@@ -38,4 +38,4 @@ TEST(MessageBox, TheHookTakesItsPlaceUntilItIsTakenBack) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::messagebox_test

@@ -6,7 +6,7 @@
 #include <libmount.h>
 #include <sys/sysmacros.h>
 
-namespace corvane {
+namespace corvane::mountinfo_test {
 namespace {
 
 constexpr std::string_view kTable = R"(21 27 0:21 / /proc rw,relatime - proc proc rw
@@ -130,4 +130,4 @@ TEST(MountInfo, BothWaysLeadToTheSameMountOfAFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::mountinfo_test

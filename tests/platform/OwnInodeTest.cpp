@@ -14,7 +14,7 @@
 
 #include <cerrno>
 
-namespace corvane {
+namespace corvane::owninode_test {
 namespace {
 
 using test::bytesOf;
@@ -118,4 +118,4 @@ TEST(OwnInode, AFullDiskDoesNotHurtAFileThatGrows) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::owninode_test

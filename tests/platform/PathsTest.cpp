@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <filesystem>
 
-namespace corvane {
+namespace corvane::paths_test {
 namespace {
 
 using test::ScratchFolder;
@@ -126,4 +126,4 @@ TEST(Paths, AFileExistsWhenTheNameLeadsToARegularFile) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::paths_test

@@ -7,7 +7,7 @@
 
 #include <set>
 
-namespace corvane {
+namespace corvane::picture_test {
 namespace {
 
 using test::ByteBuilder;
@@ -157,4 +157,4 @@ TEST(Picture, EveryPictureHasAHandleOfItsOwn) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::picture_test

@@ -14,7 +14,7 @@
 #include <cerrno>
 #include <regex>
 
-namespace corvane {
+namespace corvane::temporaryfile_test {
 namespace {
 
 using test::bytesOf;
@@ -85,4 +85,4 @@ TEST(TemporaryFile, CannotBeMadeInAFolderThatIsNone) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::temporaryfile_test

@@ -15,7 +15,7 @@
 #include <regex>
 #include <set>
 
-namespace corvane {
+namespace corvane::temporarynames_test {
 namespace {
 
 using test::ScratchFolder;
@@ -78,4 +78,4 @@ TEST(TemporaryNames, AFileThatCannotBeMadeIsAFailure) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::temporarynames_test

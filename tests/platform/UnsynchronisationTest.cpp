@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::unsynchronisation_test {
 namespace {
 
 struct Case {
@@ -65,4 +65,4 @@ TEST(IsUnsynchronised, WhatWasUnsynchronisedIs) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::unsynchronisation_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::utf_test {
 namespace {
 
 TEST(Utf, CodePointsGoToUtf8AndBack) {
@@ -57,4 +57,4 @@ TEST(Utf, HalfOfAPairOfUtf16BecomesTheReplacementCharacter) {
 TEST(Utf, CharactersAreCountedNotBytes) { EXPECT_EQ(characterCount("日本€a"), 4U); }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::utf_test

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <stdexcept>
 
-namespace corvane::scan {
+namespace corvane::scan::filescan_test {
 namespace {
 
 using Paths = std::vector<std::string>;
@@ -67,4 +67,4 @@ TEST_P(Scan, HandsOnWhatTheWorkThrows) {
 INSTANTIATE_TEST_SUITE_P(Threads, Scan, testing::Values(1u, 4u));
 
 } // namespace
-} // namespace corvane::scan
+} // namespace corvane::scan::filescan_test

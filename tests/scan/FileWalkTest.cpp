@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 
-namespace corvane::scan {
+namespace corvane::scan::filewalk_test {
 namespace {
 
 using Paths = std::vector<std::string>;
@@ -111,4 +111,4 @@ TEST_F(Walk, FolderThatCannotBeOpenedIsReportedAndTheWalkGoesOn) {
 }
 
 } // namespace
-} // namespace corvane::scan
+} // namespace corvane::scan::filewalk_test

@@ -7,7 +7,7 @@
 #include <numeric>
 #include <stdexcept>
 
-namespace corvane::scan {
+namespace corvane::scan::orderedworkers_test {
 namespace {
 
 std::vector<int> upTo(int count) {
@@ -84,4 +84,4 @@ INSTANTIATE_TEST_SUITE_P(Threads, Workers, testing::Values(1u, 2u, 8u),
                          [](const auto& tested) { return std::to_string(tested.param); });
 
 } // namespace
-} // namespace corvane::scan
+} // namespace corvane::scan::orderedworkers_test

@@ -11,7 +11,7 @@
 #include <functional>
 #include <vector>
 
-namespace corvane {
+namespace corvane::testfixture_test {
 namespace {
 
 struct Check {
@@ -275,4 +275,4 @@ TEST_F(TestFixtureTest, ARunMayStopAtTheFirstFailedCheck) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::testfixture_test

@@ -23,7 +23,7 @@
 #include <thread>
 #include <vector>
 
-namespace corvane {
+namespace corvane::threads_test {
 namespace {
 
 constexpr int kThreads = 4;
@@ -137,4 +137,4 @@ TEST(Threads, RecordFailuresOfTheirOwnAndShowThemThroughTheOneHook) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::threads_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::xmlimport_test {
 namespace {
 
 constexpr const char* kSource = "source";
@@ -102,4 +102,4 @@ TEST(PropertyAttribute, AMissingPropertyOrAttributeIsAnObjectThatIsNotSet) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::xmlimport_test

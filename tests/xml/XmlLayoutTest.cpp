@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::xmllayout_test {
 namespace {
 
 std::string twoProperties(XmlNode* node = nullptr) {
@@ -87,4 +87,4 @@ INSTANTIATE_TEST_SUITE_P(Paths, FolderOfPathTest,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::xmllayout_test

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::xmlnode_test {
 namespace {
 
 TEST(XmlNode, NothingHasNoNameNoAttributesAndNoChildren) {
@@ -200,4 +200,4 @@ TEST(XmlNode, ANodeOutlivesTheOneItCameFrom) {
 }
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::xmlnode_test

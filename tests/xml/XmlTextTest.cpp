@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace corvane {
+namespace corvane::xmltext_test {
 namespace {
 
 using test::bytesOf;
@@ -36,4 +36,4 @@ INSTANTIATE_TEST_SUITE_P(VectorsOfRfc4648, Base64,
                          [](const auto& tested) { return tested.param.name; });
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::xmltext_test
