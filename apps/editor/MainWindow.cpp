@@ -154,7 +154,7 @@ void MainWindow::showPart(Editing::Shown what, const QString& hint) {
 
 void MainWindow::showTitle() {
     const auto& selected = editing_->selected();
-    QString title;
+    QString title = QStringLiteral("Corvane Editor"); // which Qt appends to other titles
     if (selected.size() == 1) title = nameOf(selected.front());
     if (selected.size() > 1) title = tr("%1 files").arg(selected.size());
     const QString place = QStringLiteral("[*]"); // of the mark of changes; a name with it has it twice

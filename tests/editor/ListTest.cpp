@@ -129,12 +129,12 @@ private Q_SLOTS:
         QVERIFY(next.width() <= screen.width() && next.height() <= screen.height());
     }
 
-    void TitleNamesWhatIsEditedAndNotTheProgram() {
+    void TitleNamesWhatIsEditedAndElseTheProgram() {
         EditorWindow window;
         const Mp3File first = taggedFile(window.folder(), "a[*].mp3", "One"),
                       second = taggedFile(window.folder(), "b.mp3", "Two");
         QVERIFY(window.open({first.path(), second.path()}));
-        QCOMPARE(window->windowTitle(), QStringLiteral("[*]"));
+        QCOMPARE(window->windowTitle(), QStringLiteral("Corvane Editor[*]"));
         QVERIFY(window.select({0}));
         QCOMPARE(window->windowTitle(), QStringLiteral("a[*][*].mp3[*]"));
         QVERIFY(window.select({0, 1}));
@@ -142,5 +142,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<ListTest>("ListTest");
+static const bool kIsRegisteredListTest = corvane::test::registerTest<ListTest>("ListTest");
 #include <ListTest.moc>

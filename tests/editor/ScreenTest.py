@@ -130,7 +130,7 @@ class Editor(unittest.TestCase):
         self.screen.focus("Load picture")
         self.screen.type(str(self.cover))
         self.screen.press("Return")
-        self.screen.focus("Corvane Editor")
+        self.screen.focus(self.tagged.name)
         self.screen.press("ctrl+s")
         self.wait_for(lambda: getattr(frames(self.tagged).get("APIC"), "data", None), self.cover.read_bytes())
         self.assertEqual(frames(self.tagged)["APIC"].mime, "image/jpeg")
