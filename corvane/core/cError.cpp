@@ -3,6 +3,8 @@
 #include "corvane/platform/MessageBox.h"
 #include "corvane/platform/RuntimeFailure.h"
 
+#include <cxxabi.h>
+
 #include <cerrno>
 #include <new>
 #include <system_error>
@@ -92,6 +94,18 @@ void cError::record(std::string_view source, std::string_view description, std::
     Source = source;
     Description = description;
     Severity = severity;
+}
+
+void cError::recordUnknownException() {
+    try {
+        throw;
+    } catch (const abi::__forced_unwind&) {
+        throw;
+    } catch (...) {
+        const RuntimeFailure unknown(FailureNumber::InternalError, {}, "Unknown failure");
+        Clear();
+        CopyError(&unknown);
+    }
 }
 
 } // namespace corvane

@@ -4,8 +4,6 @@
 #include "corvane/platform/Export.h"
 #include "corvane/platform/RuntimeFailure.h"
 
-#include <cxxabi.h>
-
 #include <cstdint>
 #include <exception>
 #include <string>
@@ -42,6 +40,9 @@ public:
 
     // Records a failed check of the library: number 0 and severity 1 unless told otherwise.
     void record(std::string_view source, std::string_view description, std::int32_t severity = kWarning);
+    // Inside a handler of an exception that is no std::exception: records it with number 51 and severity 2. The end of
+    // a thread passes on.
+    void recordUnknownException();
 };
 
 // Runs `body`. No exception passes: what it throws is recorded, and `failure` is the result. Only the end of a thread
@@ -53,12 +54,8 @@ Result recordFailures(cError& error, Result failure, Body&& body) {
     } catch (const std::exception& unexpected) {
         error.Clear();
         error.CopyError(&unexpected);
-    } catch (const abi::__forced_unwind&) {
-        throw;
     } catch (...) {
-        const RuntimeFailure unknown(FailureNumber::InternalError, {}, "Unknown failure");
-        error.Clear();
-        error.CopyError(&unknown);
+        error.recordUnknownException();
     }
     return failure;
 }

@@ -26,15 +26,19 @@ public:
     // A place in the collection.
     class Iterator {
     public:
+        // What the standard library asks of a forward iterator: it gives the records as pointers that share them.
         using iterator_category = std::forward_iterator_tag;
         using value_type = std::shared_ptr<ID3V230Frame>;
         using difference_type = std::ptrdiff_t;
         using pointer = const value_type*;
         using reference = const value_type&;
 
+        // Of no collection, to be assigned to.
         Iterator() = default;
+        // The record at this place, which must not be the end.
         reference operator*() const { return (*records_)[index_]; }
         pointer operator->() const { return &(*records_)[index_]; }
+        // The next place; the second form returns this one.
         Iterator& operator++() {
             ++index_;
             return *this;
@@ -44,6 +48,7 @@ public:
             ++index_;
             return before;
         }
+        // Whether both are the same place of one collection.
         bool operator==(const Iterator&) const = default;
 
     private:
