@@ -24,7 +24,7 @@ run: packages ## build, show everything that is inside a sample file, and change
 	@build/release/apps/cli/corvane show build/release/examples/changed.mp3
 
 test: packages ## build and run all tests, those of units, controls and editor under sanitizers once more, and the fuzz targets for a moment
-	cmake --workflow --preset dev
+	cmake --workflow --preset test
 	cmake --workflow --preset asan
 	cmake --workflow --preset fuzz
 

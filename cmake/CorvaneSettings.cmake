@@ -13,6 +13,9 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
 endif()
 
 option(CORVANE_WARNINGS_AS_ERRORS "Stop at the first warning" ${PROJECT_IS_TOP_LEVEL})
+option(CORVANE_UNITY "Compile the sources of a folder together: less work for a whole build, more for one change" OFF)
+set(CMAKE_UNITY_BUILD ${CORVANE_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
 
 add_library(corvane-settings INTERFACE)
@@ -24,6 +27,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # With the checks of sanitizers in between it takes members of <regex> for uninitialised. Builds without them look.
   if(CORVANE_SANITIZE)
     target_compile_options(corvane-settings INTERFACE -Wno-maybe-uninitialized)
+  endif()
+endif()
+if(CORVANE_UNITY)
+  # A local name may be that of a neighbour's inside. Builds that compile each source alone look.
+  target_compile_options(corvane-settings INTERFACE -Wno-shadow)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Nor does g++ see that what is included here is a source, whose unnamed types nobody else has.
+    target_compile_options(corvane-settings INTERFACE -Wno-subobject-linkage)
   endif()
 endif()
 set(CORVANE_GENERATED_DIR ${PROJECT_BINARY_DIR}/generated)

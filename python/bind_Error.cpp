@@ -9,8 +9,9 @@ namespace {
 
 PyObject* errorClass = nullptr; // lives as long as the interpreter
 
-constexpr const char* kDoc = "A failure that reaches the caller: Error(number, source, description).\n\n"
-                             "Most operations raise none. They return their failure value, and LastError tells why.";
+constexpr const char* kErrorDoc =
+    "A failure that reaches the caller: Error(number, source, description).\n\n"
+    "Most operations raise none. They return their failure value, and LastError tells why.";
 
 py::object argumentProperty(int index, const char* doc) {
     const auto read = [index](const py::object& error) { return py::object(error.attr("args")[py::int_(index)]); };
@@ -47,7 +48,7 @@ void bindError(py::module_& corvane) {
     members["__str__"] = py::cpp_function(
         [](const py::object& error) { return py::str("{}, {}, {}").format(*py::tuple(error.attr("args"))); },
         py::name("__str__"), py::is_method(py::none()));
-    errorClass = PyErr_NewExceptionWithDoc("corvane.Error", kDoc, PyExc_Exception, members.ptr());
+    errorClass = PyErr_NewExceptionWithDoc("corvane.Error", kErrorDoc, PyExc_Exception, members.ptr());
     if (errorClass == nullptr) throw py::error_already_set();
     corvane.add_object("Error", py::reinterpret_borrow<py::object>(errorClass));
     py::register_local_exception_translator(raise);

@@ -8,7 +8,7 @@ namespace corvane::python {
 namespace {
 
 // A position (int or float) or a key (str).
-std::shared_ptr<Genre> item(const Genres& genres, const py::object& key) {
+std::shared_ptr<Genre> genreAt(const Genres& genres, const py::object& key) {
     if (py::isinstance<py::str>(key)) return genres.Item(Variant(argumentOf<Key>(key).bytes));
     return genres.Item(Variant(argumentOf<Position>(key).value));
 }
@@ -24,8 +24,8 @@ void bindGenres(py::module_& corvane) {
                   "The list of genres: 0 to 147 in ascending order, then 255 \"<Undefined>\". It can be indexed, "
                   "iterated and has a len(). Every list has entries of its own.")
         .def(py::init<>())
-        .def("Item", item, "vntIndexKey"_a, kItemDoc)
-        .def("__getitem__", item, "vntIndexKey"_a, kItemDoc)
+        .def("Item", genreAt, "vntIndexKey"_a, kItemDoc)
+        .def("__getitem__", genreAt, "vntIndexKey"_a, kItemDoc)
         .def_property_readonly("Count", &Genres::Count, "Number of entries: 149.")
         .def("__len__", &Genres::Count)
         .def(

@@ -9,7 +9,7 @@ namespace corvane::python {
 namespace {
 
 template <class Value>
-void number(Class<ID3V230Field>& field, const char* name, Value ID3V230Field::*member, const char* doc) {
+void fieldNumber(Class<ID3V230Field>& field, const char* name, Value ID3V230Field::*member, const char* doc) {
     field.def_property(
         name, [member](const ID3V230Field& object) { return object.*member; },
         [member](ID3V230Field& object, Number<std::int32_t> value) {
@@ -23,10 +23,12 @@ void number(Class<ID3V230Field>& field, const char* name, Value ID3V230Field::*m
 void bindID3V230Field(py::module_& corvane) {
     Class<ID3V230Field> field(corvane, "ID3V230Field", "One field of a frame: what it is, and how much it holds.");
     field.def(py::init<>());
-    number(field, "FieldID", &ID3V230Field::FieldID, "Which field (ID3_FieldID).");
-    number(field, "FieldType", &ID3V230Field::FieldType, "For hosts (ID3_FieldType): reading a frame leaves it alone.");
-    number(field, "NumTextItems", &ID3V230Field::NumTextItems, "Number of texts in the field, 0 when it is no text.");
-    number(field, "Size", &ID3V230Field::Size, "Size in bytes.");
+    fieldNumber(field, "FieldID", &ID3V230Field::FieldID, "Which field (ID3_FieldID).");
+    fieldNumber(field, "FieldType", &ID3V230Field::FieldType,
+                "For hosts (ID3_FieldType): reading a frame leaves it alone.");
+    fieldNumber(field, "NumTextItems", &ID3V230Field::NumTextItems,
+                "Number of texts in the field, 0 when it is no text.");
+    fieldNumber(field, "Size", &ID3V230Field::Size, "Size in bytes.");
 }
 
 } // namespace corvane::python

@@ -7,9 +7,9 @@ namespace corvane::python {
 
 namespace {
 
-std::shared_ptr<ID3V230Frame> item(const ID3V230Frames& frames, Position index) { return frames.Item(index.value); }
+std::shared_ptr<ID3V230Frame> frameAt(const ID3V230Frames& frames, Position index) { return frames.Item(index.value); }
 
-constexpr const char* kItemDoc =
+constexpr const char* kFrameItemDoc =
     "The record at a position from 1 to Count, None for any other. frames[position] is the same.";
 
 } // namespace
@@ -20,8 +20,8 @@ void bindID3V230Frames(py::module_& corvane) {
                          "indexed, iterated and has a len(). The records are the tag's own, not copies.")
         .def_property_readonly("Count", &ID3V230Frames::Count, "Number of records.")
         .def("__len__", &ID3V230Frames::Count)
-        .def("Item", item, "Index"_a, kItemDoc)
-        .def("__getitem__", item, "Index"_a, kItemDoc)
+        .def("Item", frameAt, "Index"_a, kFrameItemDoc)
+        .def("__getitem__", frameAt, "Index"_a, kFrameItemDoc)
         .def(
             "__iter__",
             [](const ID3V230Frames& frames) {

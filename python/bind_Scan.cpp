@@ -12,7 +12,7 @@ namespace corvane::python {
 
 namespace {
 
-constexpr const char* kDoc =
+constexpr const char* kScanDoc =
     "What lists show of every MP3 file below some folders, one dictionary a file, in the order of the paths.\n\n"
     "paths: a folder or file, or an iterable of them, each as str, bytes or os.PathLike. In folders every *.mp3 is\n"
     "read, upper or lower case; links to folders are not followed. A file is read whatever its name is.\n"
@@ -183,7 +183,7 @@ void bindScan(py::module_& corvane) {
             expectFunctionOrNone(onError);
             return std::make_unique<Scan>(rootsOf(paths), threadCountOf(jobs), std::move(onError));
         },
-        "paths"_a, "jobs"_a = py::none(), py::kw_only(), "onerror"_a = py::none(), kDoc);
+        "paths"_a, "jobs"_a = py::none(), py::kw_only(), "onerror"_a = py::none(), kScanDoc);
 }
 
 } // namespace corvane::python

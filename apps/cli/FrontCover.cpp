@@ -17,14 +17,14 @@ using Record = Internals<ID3V230Frame>;
 using RecordPointer = std::shared_ptr<ID3V230Frame>;
 
 constexpr std::uint8_t kNoType = 0, kFrontCover = 3; // ID3v2.3.0 section 4.15
-constexpr auto kPicture = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
+constexpr auto kPictureNumber = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
 
 std::uint8_t typeOf(const ID3V230Frame& record) { return Record::content(record).pictureHead.type; }
 
 template <class Wanted>
 RecordPointer findPicture(const ID3V230& tag, Wanted&& isWanted) {
     for (const auto& record : *tag.Frames()) {
-        const bool isPicture = record->eType() == kPicture && !record->Deleted();
+        const bool isPicture = record->eType() == kPictureNumber && !record->Deleted();
         if (isPicture && !Record::content(*record).isHidden && isWanted(*record)) return record;
     }
     return nullptr;
@@ -53,7 +53,7 @@ std::string freeDescription(const ID3V230& tag) {
 
 void addFrontCover(ID3V230& tag, const std::shared_ptr<Picture>& picture) {
     auto record = Record::make();
-    record->eType(kPicture);
+    record->eType(kPictureNumber);
     record->sDescription(freeDescription(tag));
     record->Picture(picture);
     record->Position(tag.Frames()->Count() + 1);

@@ -35,7 +35,7 @@ void writeYear(ID3V230& tag, std::string_view text) {
 }
 
 // A text of the tag, in every form in which the command meets it.
-struct TextField {
+struct Id3v2Field {
     const char* name;
     std::optional<std::string> TagValues::*given;
     ID3_FrameID frame;
@@ -47,21 +47,21 @@ void write(ID3V230& tag, std::string_view text) {
     (tag.*Property)(text);
 }
 
-constexpr std::array kTextFields{
-    TextField{"title", &TagValues::title, ID3FID_TITLE, write<&ID3V230::Title>},
-    TextField{"artist", &TagValues::artist, ID3FID_LEADARTIST, write<&ID3V230::Artist>},
-    TextField{"album", &TagValues::album, ID3FID_ALBUM, write<&ID3V230::Album>},
-    TextField{"year", &TagValues::year, ID3FID_YEAR, writeYear},
-    TextField{"comment", &TagValues::comment, ID3FID_COMMENT, write<&ID3V230::Comments>},
-    TextField{"track", &TagValues::track, ID3FID_TRACKNUM, write<&ID3V230::Track>},
-    TextField{"genre", &TagValues::genre, ID3FID_CONTENTTYPE, write<&ID3V230::Genre>},
-    TextField{"composer", &TagValues::composer, ID3FID_COMPOSER, write<&ID3V230::Composer>},
-    TextField{"original-artist", &TagValues::originalArtist, ID3FID_ORIGARTIST, write<&ID3V230::OriginalArtist>},
-    TextField{"copyright", &TagValues::copyright, ID3FID_COPYRIGHT, write<&ID3V230::Copyright>},
-    TextField{"url", &TagValues::url, ID3FID_WWWUSER, write<&ID3V230::UserURL>},
-    TextField{"encoded-by", &TagValues::encodedBy, ID3FID_ENCODEDBY, write<&ID3V230::EncodedBy>},
-    TextField{"lyrics", &TagValues::lyrics, ID3FID_UNSYNCEDLYRICS, write<&ID3V230::LyricsUnsynced>},
-    TextField{"synced-lyrics", &TagValues::syncedLyrics, ID3FID_SYNCEDLYRICS, write<&ID3V230::LyricsSynced>}};
+constexpr std::array kId3v2Fields{
+    Id3v2Field{"title", &TagValues::title, ID3FID_TITLE, write<&ID3V230::Title>},
+    Id3v2Field{"artist", &TagValues::artist, ID3FID_LEADARTIST, write<&ID3V230::Artist>},
+    Id3v2Field{"album", &TagValues::album, ID3FID_ALBUM, write<&ID3V230::Album>},
+    Id3v2Field{"year", &TagValues::year, ID3FID_YEAR, writeYear},
+    Id3v2Field{"comment", &TagValues::comment, ID3FID_COMMENT, write<&ID3V230::Comments>},
+    Id3v2Field{"track", &TagValues::track, ID3FID_TRACKNUM, write<&ID3V230::Track>},
+    Id3v2Field{"genre", &TagValues::genre, ID3FID_CONTENTTYPE, write<&ID3V230::Genre>},
+    Id3v2Field{"composer", &TagValues::composer, ID3FID_COMPOSER, write<&ID3V230::Composer>},
+    Id3v2Field{"original-artist", &TagValues::originalArtist, ID3FID_ORIGARTIST, write<&ID3V230::OriginalArtist>},
+    Id3v2Field{"copyright", &TagValues::copyright, ID3FID_COPYRIGHT, write<&ID3V230::Copyright>},
+    Id3v2Field{"url", &TagValues::url, ID3FID_WWWUSER, write<&ID3V230::UserURL>},
+    Id3v2Field{"encoded-by", &TagValues::encodedBy, ID3FID_ENCODEDBY, write<&ID3V230::EncodedBy>},
+    Id3v2Field{"lyrics", &TagValues::lyrics, ID3FID_UNSYNCEDLYRICS, write<&ID3V230::LyricsUnsynced>},
+    Id3v2Field{"synced-lyrics", &TagValues::syncedLyrics, ID3FID_SYNCEDLYRICS, write<&ID3V230::LyricsSynced>}};
 
 // All of them: a second frame of a kind would stand for the deleted one.
 void deleteFrames(const ID3V230& tag, ID3_FrameID frame) {
@@ -81,28 +81,28 @@ std::string yearOf(const std::string& text) {
     return isDate && !isDigit(text[kDigits]) ? text.substr(0, kDigits) : text;
 }
 
-std::string storedText(const TextField& field, const std::string& given) {
+std::string storedText(const Id3v2Field& field, const std::string& given) {
     if (field.frame == ID3FID_CONTENTTYPE) return withApostrophes(storedGenre(given));
     if (field.frame == ID3FID_WWWUSER) return escapedUrl(withApostrophes(given));
     return withApostrophes(field.frame == ID3FID_YEAR ? yearOf(given) : given);
 }
 
 // A genre that another program has stored in another form is the same genre, and stays.
-bool isSameValue(const TextField& field, const std::string& before, const std::string& after) {
+bool isSameValue(const Id3v2Field& field, const std::string& before, const std::string& after) {
     const bool isGenre = field.frame == ID3FID_CONTENTTYPE && !after.empty();
     return before == after || (isGenre && storedGenre(before) == after);
 }
 
 bool hasQuotes(std::string_view text) { return text.find('"') != std::string_view::npos; }
 
-void addWarnings(const TextField& field, const std::string& given, std::vector<std::string>& warnings) {
+void addWarnings(const Id3v2Field& field, const std::string& given, std::vector<std::string>& warnings) {
     if (hasQuotes(given)) warnings.push_back(fmt::format("{}: double quotes are stored as apostrophes", field.name));
     if (field.frame == ID3FID_YEAR && yearOf(given) != given) {
         warnings.push_back(fmt::format(R"(year: ID3v2.3 keeps "{}" of "{}")", yearOf(given), given));
     }
 }
 
-void applyText(ID3V230& tag, const TextField& field, const std::string& given, TagOutcome& outcome) {
+void applyText(ID3V230& tag, const Id3v2Field& field, const std::string& given, TagOutcome& outcome) {
     const std::string before = valueText(tag.FrameValue(field.frame));
     std::string after = storedText(field, given);
     if (isSameValue(field, before, after)) return;
@@ -129,7 +129,7 @@ Id3v2Edit::Id3v2Edit(const std::string& path) {
 
 TagOutcome Id3v2Edit::apply(const TagValues& values) {
     TagOutcome outcome;
-    for (const TextField& field : kTextFields) {
+    for (const Id3v2Field& field : kId3v2Fields) {
         if (values.*field.given) applyText(tag_, field, *(values.*field.given), outcome);
     }
     if (values.picture) {

@@ -18,7 +18,7 @@ constexpr auto kPlain = [] {
     return plain;
 }();
 
-bool isPlain(char character) { return kPlain[static_cast<unsigned char>(character)]; }
+bool needsNoEscape(char character) { return kPlain[static_cast<unsigned char>(character)]; }
 
 // The escapes that have a letter of their own; nothing for other characters.
 constexpr const char* shortEscapeOf(char32_t character) {
@@ -60,7 +60,7 @@ void appendJsonString(std::string& line, std::string_view text) {
     line.push_back('"');
     while (!text.empty()) {
         std::size_t plain = 0;
-        while (plain < text.size() && isPlain(text[plain])) ++plain;
+        while (plain < text.size() && needsNoEscape(text[plain])) ++plain;
         line.append(text.substr(0, plain));
         text.remove_prefix(plain);
         if (!text.empty()) appendCharacter(line, takeCodePoint(text));

@@ -16,7 +16,7 @@ namespace corvane::cli {
 
 namespace {
 
-constexpr FrameId kPicture("APIC"), kPictureOfVersion22("PIC");
+constexpr FrameId kPictureId("APIC"), kPictureOfVersion22("PIC");
 constexpr std::size_t kFormatLength = 3; // bytes of the image format in ID3v2.2
 constexpr std::string_view kLink = "-->";
 
@@ -71,7 +71,7 @@ std::string imageText(const std::string& mimeType, Bytes image) {
 
 std::string imageText(Bytes image) { return imageText({}, image); }
 
-bool isPicture(FrameId id) { return id == kPicture || id == kPictureOfVersion22; }
+bool isPicture(FrameId id) { return id == kPictureId || id == kPictureOfVersion22; }
 
 std::string pictureText(FrameId id, Bytes payload) {
     ByteReader reader(payload);

@@ -24,8 +24,8 @@ void removeId3v1Tag(FileHandler& handler) {
 }
 
 void removeId3v2Tag(ID3V230& tag) {
-    constexpr auto kKinds = static_cast<std::uint8_t>(ID3_TagType::ID3TT_ID3V2);
-    if (Internals<ID3V230>::StripTags(tag, kKinds) == 0) return;
+    constexpr auto kTagKinds = static_cast<std::uint8_t>(ID3_TagType::ID3TT_ID3V2);
+    if (Internals<ID3V230>::StripTags(tag, kTagKinds) == 0) return;
     throw FileFailure(Internals<ID3V230>::lastFailure(tag)->description);
 }
 

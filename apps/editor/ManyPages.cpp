@@ -32,13 +32,13 @@ using controls::toQt;
 namespace {
 
 // What a file has in a field, in whichever tag.
-std::string shownText(const FileTags& tags, Field field) {
+std::string commonText(const FileTags& tags, Field field) {
     std::string text = tags.v2.present ? tags.v2[field] : std::string();
     if (text.empty() && tags.v1.present) text = tags.v1[field];
     return field == Field::Genre ? readableGenre(text) : text;
 }
 
-constexpr int kRecordWidth = 80; // letters; a record's texts have 30 characters
+constexpr int kManyRecordWidth = 80; // letters; a record's texts have 30 characters
 
 struct Id3v1Flag {
     Field field;
@@ -68,7 +68,7 @@ QScrollArea* scrolled(QWidget* page) {
 ManyPages::ManyPages(EditSession& session, QWidget* parent) : QTabWidget(parent), session_(session) {
     addTab(scrolled(makeCommonPage()), tr("All tags"));
     id3v1_ = new controls::ID3v1;
-    id3v1_->setMaximumWidth(kRecordWidth * fontMetrics().averageCharWidth());
+    id3v1_->setMaximumWidth(kManyRecordWidth * fontMetrics().averageCharWidth());
     id3v1_->VisibilityMode(controls::ETagEditModeConstants::temEditMany);
     addTab(scrolled(id3v1_), tr("ID3v1"));
     connect(id3v1_, &controls::ID3v1::edited, this, [this] { takeId3v1(); });
@@ -190,7 +190,7 @@ void ManyPages::showField(Field field) {
     for (const std::string& path : paths_) {
         const auto tags = session_.wanted(path);
         if (!tags) continue;
-        std::string text = shownText(*tags, field);
+        std::string text = commonText(*tags, field);
         isMixed = common && *common != text;
         if (isMixed) break;
         common = std::move(text);

@@ -26,7 +26,7 @@ const std::string& textIn(const TagValues& tag, Field field) {
     return tag.present ? tag[field] : none;
 }
 
-std::string shownText(const FileTags& tags, Field field) {
+std::string listedText(const FileTags& tags, Field field) {
     const std::string& first = textIn(tags.v2, field);
     const std::string& text = first.empty() ? textIn(tags.v1, field) : first;
     return field == Field::Genre ? readableGenre(text) : text;
@@ -43,7 +43,7 @@ void showTag(std::vector<std::string>& names, bool before, bool now, const char*
 FileSummary pendingSummary(FileSummary summary, const FileTags& inFile, const FileTags& wanted) {
     for (const auto& [field, text] : kShownFields) {
         // Where nothing differs, what was read is more precise.
-        if (shownText(inFile, field) != shownText(wanted, field)) summary.*text = shownText(wanted, field);
+        if (listedText(inFile, field) != listedText(wanted, field)) summary.*text = listedText(wanted, field);
     }
     showTag(summary.tags, inFile.v2.present, wanted.v2.present, "ID3v2", "ID3v2.3.0", true);
     const char* name = wanted.v1[Field::Track].empty() ? "ID3v1" : "ID3v1.1";

@@ -10,7 +10,7 @@ namespace corvane::editor {
 
 namespace {
 
-constexpr qint64 kTellTime = 40; // milliseconds between two words about the progress
+constexpr qint64 kSaveReportTime = 40; // milliseconds between two words about the progress
 
 void readBack(SaveResult& result, OldTag old) {
     result.newRow = readRow(result.path);
@@ -61,7 +61,7 @@ void SaveJob::work(const std::vector<FileToSave>& files, Mode mode) {
     for (const FileToSave& file : files) {
         if (isCancelled()) return;
         results_.push_back(saveFile(file, mode, &keeper));
-        if (sinceTold.elapsed() < kTellTime) continue;
+        if (sinceTold.elapsed() < kSaveReportTime) continue;
         Q_EMIT progressed(results_.size(), total);
         sinceTold.restart();
     }

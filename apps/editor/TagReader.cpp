@@ -7,7 +7,7 @@ namespace corvane::editor {
 
 namespace {
 
-constexpr qint64 kTellTime = 40; // milliseconds between two words about the progress
+constexpr qint64 kReadReportTime = 40; // milliseconds between two words about the progress
 
 } // namespace
 
@@ -30,7 +30,7 @@ void TagReader::work(const std::vector<std::string>& paths) {
         } catch (const std::exception&) {
             ++failureCount_; // the list shows why it cannot be read
         }
-        if (sinceTold.elapsed() < kTellTime) continue;
+        if (sinceTold.elapsed() < kReadReportTime) continue;
         Q_EMIT progressed(static_cast<qsizetype>(at) + 1, total);
         sinceTold.restart();
     }

@@ -16,7 +16,7 @@ namespace corvane {
 namespace {
 
 constexpr const char* kSource = "write log";
-constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kLogLineEnd = "\r\n";
 
 void writeAll(int file, std::string_view line) {
     while (!line.empty()) {
@@ -42,14 +42,14 @@ bool LogWriter::writeLog(std::string_view Text) {
     try {
         const LocalTime now = currentLocalTime();
         std::string line = shortDateOfUser(now) + " " + timeOfUser(now) + " - ";
-        appendLine(fileName_, line.append(Text).append(kLineEnd));
+        appendLine(fileName_, line.append(Text).append(kLogLineEnd));
         return true;
     } catch (const std::exception& failure) {
         cError& error = *LastError();
         error.Clear();
         error.CopyError(&failure);
         error.Description =
-            "Es konnte nicht ins LogFile '" + fileName_ + "' geschrieben werden." + kLineEnd + error.Description;
+            "Es konnte nicht ins LogFile '" + fileName_ + "' geschrieben werden." + kLogLineEnd + error.Description;
         return false;
     }
 }

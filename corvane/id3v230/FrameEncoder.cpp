@@ -19,7 +19,7 @@ namespace corvane {
 namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{1} << 28; // of a whole tag (ID3v2.3.0 section 3.1)
-constexpr std::size_t kHeaderSize = 10;                  // bytes, of a frame
+constexpr std::size_t kFrameHeaderSize = 10;             // bytes, of a frame
 
 bool isPlainText(ID3_FrameID frame) {
     return fieldsOf(frame).inOrder.size() == 2 && hasField(frame, ID3_FieldID::ID3FN_TEXT);
@@ -27,7 +27,7 @@ bool isPlainText(ID3_FrameID frame) {
 
 ByteArray headerOf(std::string_view letters, std::size_t payloadSize) {
     ByteArray frame;
-    frame.reserve(kHeaderSize + payloadSize);
+    frame.reserve(kFrameHeaderSize + payloadSize);
     frame.assign(letters.begin(), letters.end());
     for (const int shift : {24, 16, 8, 0}) frame.push_back(static_cast<std::uint8_t>(payloadSize >> shift & 0xFF));
     frame.insert(frame.end(), 2, 0); // flags

@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-constexpr auto kPicture = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
+constexpr auto kPictureNumber = static_cast<std::int16_t>(ID3_FrameID::ID3FID_PICTURE);
 
 constexpr std::uint8_t kFrontCover = 3; // what a new picture is (ID3v2.3.0 section 4.15)
 
@@ -55,7 +55,8 @@ ID3V230Frame::Content& ID3V230Frame::content() const {
         if (!read.language.empty()) content->language = std::move(read.language);
         content->pictureHead = std::move(read.picture);
     }
-    if (!source_ || static_cast<std::int16_t>(source_->number()) != kPicture) content->pictureHead.type = kFrontCover;
+    if (!source_ || static_cast<std::int16_t>(source_->number()) != kPictureNumber)
+        content->pictureHead.type = kFrontCover;
     content_ = std::move(content);
     return *content_;
 }
@@ -77,7 +78,7 @@ void ID3V230Frame::eType(std::int16_t value) {
 
 FrameVariant ID3V230Frame::vValue() const {
     const Content& now = content();
-    if (type_ == kPicture && std::holds_alternative<NoValue>(now.value)) {
+    if (type_ == kPictureNumber && std::holds_alternative<NoValue>(now.value)) {
         if (auto picture = Picture()) return picture;
     }
     if (now.isHidden && std::holds_alternative<NoValue>(now.value) && source_->isTooLarge()) throw inflationFailure();
@@ -102,7 +103,7 @@ void ID3V230Frame::vLanguage(Variant value) { changed().language = std::move(val
 
 std::shared_ptr<corvane::Picture> ID3V230Frame::Picture() const {
     Content& now = content();
-    if (!now.picture) now.picture = type_ == kPicture ? corvane::Picture::fromBytes(PictureRAW()) : nullptr;
+    if (!now.picture) now.picture = type_ == kPictureNumber ? corvane::Picture::fromBytes(PictureRAW()) : nullptr;
     return *now.picture;
 }
 

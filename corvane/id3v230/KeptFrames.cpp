@@ -18,15 +18,15 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "keep frames";
+constexpr const char* kKeepingSource = "keep frames";
 
 // Where the file system cannot make files without a name, one with a name loses it at once.
 Descriptor namelessFile() {
     Descriptor nameless(::open(temporaryFolder().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600));
     if (nameless.isOpen()) return nameless;
-    if (errno != EOPNOTSUPP && errno != EISDIR) throw systemFailure(errno, kSource);
+    if (errno != EOPNOTSUPP && errno != EISDIR) throw systemFailure(errno, kKeepingSource);
     NewFile file = openNewFile(AT_FDCWD, temporaryFolder(), "tmp", "tmp", 0600);
-    if (::unlink(file.path.c_str()) != 0) throw systemFailure(errno, kSource);
+    if (::unlink(file.path.c_str()) != 0) throw systemFailure(errno, kKeepingSource);
     return std::move(file.descriptor);
 }
 
@@ -36,7 +36,7 @@ ByteArray bytesOf(int file, std::uint64_t offset, std::size_t size) {
     while (done < size) {
         const auto got = ::pread(file, bytes.data() + done, size - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) throw systemFailure(got < 0 ? errno : EIO, kSource);
+        if (got <= 0) throw systemFailure(got < 0 ? errno : EIO, kKeepingSource);
         done += static_cast<std::size_t>(got);
     }
     return bytes;
@@ -58,7 +58,8 @@ void KeptFrames::keep(std::size_t index, const RawFrame& frame, FileReader& file
     for (std::uint64_t done = 0; done < frame.dataSize;) {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(kCopyBlockSize, frame.dataSize - done));
         const Bytes block = file.view(data + done, count);
-        if (block.size() != count) throw RuntimeFailure(EIO, kSource, "The file became shorter while it was read");
+        if (block.size() != count)
+            throw RuntimeFailure(EIO, kKeepingSource, "The file became shorter while it was read");
         append(block);
         done += count;
     }

@@ -15,7 +15,7 @@ namespace {
 using enum ID3_FieldID;
 
 // Bytes.
-constexpr std::size_t kLanguageSize = 3, kTimeSize = 4;
+constexpr std::size_t kLanguageLength = 3, kTimeSize = 4;
 
 constexpr std::uint32_t kQuote = '"', kBigEndianMark = 0xFEFF, kLittleEndianMark = 0xFFFE;
 
@@ -54,7 +54,7 @@ void QuoteCleaner::cleanField(ID3_FieldID field) {
     case ID3FN_TEXTENC:
         return takeEncoding();
     case ID3FN_LANGUAGE:
-        rest_.take(std::min(kLanguageSize, rest_.left()));
+        rest_.take(std::min(kLanguageLength, rest_.left()));
         return;
     case ID3FN_DESCRIPTION:
         return cleanString();

@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr std::string_view kIdentifier = "ID3";
-constexpr std::uint8_t kVersion = 3;
+constexpr std::uint8_t kWrittenVersion = 3;
 
 std::optional<std::uint32_t> synchsafeNumber(Bytes bytes) {
     std::uint32_t number = 0;
@@ -35,7 +35,7 @@ std::optional<TagHead> decodeTagHead(Bytes bytes) {
 }
 
 std::array<std::uint8_t, TagHead::kByteCount> encodedTagHead(std::uint8_t flags, std::uint32_t bodySize) {
-    std::array<std::uint8_t, TagHead::kByteCount> bytes{'I', 'D', '3', kVersion, 0, flags};
+    std::array<std::uint8_t, TagHead::kByteCount> bytes{'I', 'D', '3', kWrittenVersion, 0, flags};
     for (unsigned i = 0; i < 4; ++i) bytes[6 + i] = bodySize >> (21 - 7 * i) & 0x7F;
     return bytes;
 }

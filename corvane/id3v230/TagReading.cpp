@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-constexpr unsigned kVersion = 3;
+constexpr unsigned kChangeableVersion = 3;
 constexpr std::uint8_t kUnknownFlags = 0x1F;
 constexpr std::uint64_t kBodyOffset = TagHead::kByteCount;
 constexpr std::size_t kExtendedSizeLength = 4; // bytes of the extended header that tell its size
@@ -58,7 +58,7 @@ std::shared_ptr<TagImage> TagImage::read(FileReader& file, const std::string& pa
     TagGatherer image(path, file.identity(), file.size());
     if (!head) return image.done();
     image.setHead(*head);
-    if (head->majorVersion != kVersion) {
+    if (head->majorVersion != kChangeableVersion) {
         image.refuse(versionText(*head), Id3libError::BadVersion);
         return image.done();
     }

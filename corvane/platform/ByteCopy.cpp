@@ -61,7 +61,7 @@ Bytes readBlock(int source, std::uint64_t offset, std::span<std::uint8_t> block)
 
 std::uint64_t sizeOf(const struct stat& status) { return static_cast<std::uint64_t>(status.st_size); }
 
-struct stat statusOf(int file) {
+struct stat copyStatus(int file) {
     struct stat status {};
     if (::fstat(file, &status) != 0) throw systemFailure(errno, "copy");
     return status;
@@ -69,7 +69,7 @@ struct stat statusOf(int file) {
 
 bool isLargeAndSparse(int file) {
     constexpr std::uint64_t kBlock = 512; // bytes, the unit of st_blocks
-    const struct stat status = statusOf(file);
+    const struct stat status = copyStatus(file);
     return sizeOf(status) >= kLargeSparseFile &&
            static_cast<std::uint64_t>(status.st_blocks) < sizeOf(status) / 2 / kBlock;
 }
@@ -82,7 +82,7 @@ std::optional<std::uint64_t> distanceToNext(int kind, int file, std::uint64_t of
     return found < 0 ? std::nullopt : std::optional(static_cast<std::uint64_t>(found) - offset);
 }
 
-void setSize(int target, std::uint64_t size) {
+void extendTo(int target, std::uint64_t size) {
     while (::ftruncate(target, static_cast<off_t>(size)) != 0) {
         if (errno != EINTR) throw systemFailure(errno, "copy");
     }
@@ -125,8 +125,8 @@ void appendRange(int source, std::uint64_t sourceOffset, int target, std::uint64
         copyRange(source, piece.sourceOffset, target, piece.targetOffset, piece.count);
         range.advance(piece.count);
     }
-    if (sizeOf(statusOf(source)) < sourceOffset + count) throw shorterFailure();
-    if (sizeOf(statusOf(target)) < end) setSize(target, end);
+    if (sizeOf(copyStatus(source)) < sourceOffset + count) throw shorterFailure();
+    if (sizeOf(copyStatus(target)) < end) extendTo(target, end);
 }
 
 } // namespace corvane

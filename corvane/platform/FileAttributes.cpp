@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "take over attributes";
+constexpr const char* kAttributesSource = "take over attributes";
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr std::array<std::string_view, 2> kVouchForContent{"security.evm", "security.ima"};
 
@@ -27,7 +27,7 @@ constexpr std::array kLeftOut{EPERM, EACCES, ENOTSUP, ENOSYS};
 bool isLeftOut(int problem) { return std::find(kLeftOut.begin(), kLeftOut.end(), problem) != kLeftOut.end(); }
 
 void raiseUnlessLeftOut(int problem) {
-    if (!isLeftOut(problem)) throw systemFailure(problem, kSource);
+    if (!isLeftOut(problem)) throw systemFailure(problem, kAttributesSource);
 }
 
 // Whether the file has the owner or group now; -1 leaves one of them alone.
@@ -100,7 +100,7 @@ mode_t permissions(mode_t mode, bool hasOwner, bool hasGroup) {
 
 void takeOverAttributes(int source, const struct stat& status, int target) {
     struct stat own {};
-    if (::fstat(target, &own) != 0) throw systemFailure(errno, kSource);
+    if (::fstat(target, &own) != 0) throw systemFailure(errno, kAttributesSource);
     constexpr auto kUnchangedOwner = static_cast<uid_t>(-1);
     const bool hasGroup = own.st_gid == status.st_gid || tryOwner(target, kUnchangedOwner, status.st_gid);
     const bool hasOwner = own.st_uid == status.st_uid || tryOwner(target, status.st_uid, static_cast<gid_t>(-1));

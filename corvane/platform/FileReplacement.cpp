@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "replace file";
+constexpr const char* kReplacementSource = "replace file";
 
 Descriptor openedFolder(const std::string& folder) {
     Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -37,9 +37,9 @@ Descriptor openedFile(int folder, const std::string& name) {
     return descriptor;
 }
 
-struct stat statusOf(int file) {
+struct stat statusOfFile(int file) {
     struct stat status {};
-    if (::fstat(file, &status) != 0) throw systemFailure(errno, kSource);
+    if (::fstat(file, &status) != 0) throw systemFailure(errno, kReplacementSource);
     return status;
 }
 
@@ -49,7 +49,9 @@ int setModificationTime(int file, const struct stat& status) {
     return ::futimens(file, times) == 0 ? 0 : errno;
 }
 
-RuntimeFailure changedFailure() { return {EBUSY, kSource, "The file was changed by another program meanwhile"}; }
+RuntimeFailure changedFailure() {
+    return {EBUSY, kReplacementSource, "The file was changed by another program meanwhile"};
+}
 
 } // namespace
 
@@ -60,7 +62,7 @@ FileReplacement::FileReplacement(const std::string& path, std::string temporaryE
     fileName_ = fileNameOf(resolved);
     folder_ = openedFolder(folderName_);
     original_ = openedFile(folder_.number(), fileName_);
-    status_ = statusOf(original_.number());
+    status_ = statusOfFile(original_.number());
     if (!S_ISREG(status_.st_mode)) throw RuntimeFailure(EINVAL, "open", "Not a regular file");
     identity_ = identityOf(status_);
 }
@@ -71,7 +73,7 @@ void FileReplacement::requireUnchanged(const FileIdentity& known) const {
 
 // In a folder with the sticky bit a file gives its place only to its owner or the folder's.
 bool FileReplacement::isHeldBySticky() const {
-    const struct stat folder = statusOf(folder_.number());
+    const struct stat folder = statusOfFile(folder_.number());
     const uid_t user = ::geteuid();
     const bool isOwner = user == 0 || user == folder.st_uid || user == status_.st_uid;
     return (folder.st_mode & S_ISVTX) != 0 && !isOwner && status_.st_nlink == 1;
@@ -81,7 +83,7 @@ void FileReplacement::requireReplaceable() const {
     const bool isWritable = ::faccessat(folder_.number(), ".", W_OK | X_OK, AT_EACCESS) == 0;
     const int problem = isWritable ? (isHeldBySticky() ? EPERM : 0) : errno;
     if (problem == 0) return;
-    throw RuntimeFailure(problem, kSource,
+    throw RuntimeFailure(problem, kReplacementSource,
                          "The folder of the file cannot be written: " + std::generic_category().message(problem));
 }
 
@@ -93,7 +95,7 @@ void FileReplacement::begin() {
 
 void FileReplacement::copy(std::uint64_t offset, std::uint64_t count) {
     if (offset > originalSize() || count > originalSize() - offset)
-        throw RuntimeFailure(EINVAL, kSource, "The range does not lie within the file");
+        throw RuntimeFailure(EINVAL, kReplacementSource, "The range does not lie within the file");
     begin();
     const FileSizeLimitGuard guard;
     appendRange(original_.number(), offset, temporary_->descriptor(), size_, count);
@@ -123,12 +125,12 @@ void FileReplacement::commit() {
 
 // The new content whole and on the medium, and the old one still as it was.
 void FileReplacement::prepare() {
-    if (statusOf(temporary_->descriptor()).st_size != static_cast<off_t>(size_))
-        throw RuntimeFailure(EIO, kSource, "The new content is not complete");
+    if (statusOfFile(temporary_->descriptor()).st_size != static_cast<off_t>(size_))
+        throw RuntimeFailure(EIO, kReplacementSource, "The new content is not complete");
     if (status_.st_nlink == 1) takeOverAttributes(original_.number(), status_, temporary_->descriptor());
     if (keepsModificationTime_) {
         if (const int problem = setModificationTime(temporary_->descriptor(), status_); problem != 0)
-            throw systemFailure(problem, kSource);
+            throw systemFailure(problem, kReplacementSource);
     }
     temporary_->flush();
     requireSameState();
@@ -137,12 +139,13 @@ void FileReplacement::prepare() {
 void FileReplacement::requireSameState() const {
     struct stat named {};
     if (::fstatat(folder_.number(), fileName_.c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0)
-        throw systemFailure(errno, kSource);
-    if (identityOf(named) != identity_ || identityOf(statusOf(original_.number())) != identity_) throw changedFailure();
+        throw systemFailure(errno, kReplacementSource);
+    if (identityOf(named) != identity_ || identityOf(statusOfFile(original_.number())) != identity_)
+        throw changedFailure();
 }
 
 void FileReplacement::putInPlace() {
-    const FileIdentity complete = identityOf(statusOf(temporary_->descriptor()));
+    const FileIdentity complete = identityOf(statusOfFile(temporary_->descriptor()));
     temporary_->replace(fileName_);
     // The step changes the time of the inode, so the state has to be asked for again.
     struct stat named {};

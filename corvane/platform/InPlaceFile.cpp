@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "write";
+constexpr const char* kInPlaceSource = "write";
 
 } // namespace
 
@@ -64,8 +64,8 @@ void InPlaceFile::overwrite(std::uint64_t offset, Bytes bytes, Bytes old) {
     if (problem == 0 && ::fdatasync(descriptor_) != 0) problem = errno;
     if (problem == 0) return;
     const int second = takeBack(offset, old.first(std::min(written, old.size())), written > old.size());
-    if (second == 0) throw systemFailure(problem, kSource);
-    throw DamageFailure(problem, kSource,
+    if (second == 0) throw systemFailure(problem, kInPlaceSource);
+    throw DamageFailure(problem, kInPlaceSource,
                         std::generic_category().message(problem) +
                             "; the change could not be taken back: " + std::generic_category().message(second));
 }

@@ -14,19 +14,19 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "change file";
+constexpr const char* kOwnInodeSource = "change file";
 
 std::uint64_t oldSize(const OwnInodeChange& change) { return static_cast<std::uint64_t>(change.status.st_size); }
 
-void setSize(int file, std::uint64_t size) {
+void cutTo(int file, std::uint64_t size) {
     while (::ftruncate(file, static_cast<off_t>(size)) != 0) {
-        if (errno != EINTR) throw systemFailure(errno, kSource);
+        if (errno != EINTR) throw systemFailure(errno, kOwnInodeSource);
     }
 }
 
 void flush(int file) {
     while (::fsync(file) != 0) {
-        if (errno != EINTR) throw systemFailure(errno, kSource);
+        if (errno != EINTR) throw systemFailure(errno, kOwnInodeSource);
     }
 }
 
@@ -37,7 +37,7 @@ void reserveGrowth(const OwnInodeChange& change) {
     while (::fallocate(change.original, FALLOC_FL_KEEP_SIZE, change.status.st_size, static_cast<off_t>(growth)) != 0) {
         if (errno == EINTR) continue;
         if (errno == EOPNOTSUPP || errno == ENOSYS) return;
-        throw systemFailure(errno, kSource);
+        throw systemFailure(errno, kOwnInodeSource);
     }
 }
 
@@ -54,13 +54,13 @@ TemporaryFile backedUp(const OwnInodeChange& change) {
 void fill(const OwnInodeChange& change) {
     copyRange(change.complete.descriptor(), change.keptPrefix, change.original, change.keptPrefix,
               change.newSize - change.keptPrefix);
-    if (change.newSize < oldSize(change)) setSize(change.original, change.newSize);
+    if (change.newSize < oldSize(change)) cutTo(change.original, change.newSize);
     flush(change.original);
 }
 
 void restore(const OwnInodeChange& change, const TemporaryFile& backup) {
     copyRange(backup.descriptor(), 0, change.original, change.keptPrefix, oldSize(change) - change.keptPrefix);
-    setSize(change.original, oldSize(change));
+    cutTo(change.original, oldSize(change));
     const timespec times[2] = {{0, UTIME_OMIT}, change.status.st_mtim};
     ::futimens(change.original, times);
     flush(change.original);
@@ -76,7 +76,7 @@ DamageFailure damageFailure(const OwnInodeChange& change, TemporaryFile& backup,
                             const std::exception& second) {
     const std::string backupName = backup.keep();
     const std::string completeName = change.complete.keep();
-    return {numberOf(cause), kSource,
+    return {numberOf(cause), kOwnInodeSource,
             std::string(cause.what()) + "; the old content could not be brought back: " + second.what() +
                 "; its bytes from offset " + std::to_string(change.keptPrefix) + " on are in '" + backupName +
                 "', the new content is in '" + completeName + "'"};

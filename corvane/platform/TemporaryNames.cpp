@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-constexpr const char* kSource = "create temporary file";
+constexpr const char* kTemporaryNameSource = "create temporary file";
 constexpr int kNameAttempts = 100; // far more than chance can need for names of 64 random bits
 
 std::uint64_t randomNumber() {
@@ -24,7 +24,7 @@ std::uint64_t randomNumber() {
     for (;;) {
         const auto got = ::getrandom(&number, sizeof number, 0);
         if (got == static_cast<ssize_t>(sizeof number)) return number;
-        if (got < 0 && errno != EINTR) throw systemFailure(errno, kSource);
+        if (got < 0 && errno != EINTR) throw systemFailure(errno, kTemporaryNameSource);
     }
 }
 
@@ -58,9 +58,9 @@ NewFile openNewFile(int folderDescriptor, const std::string& folder, std::string
         std::string path = withSeparator(folder) + unguessableName(prefix, extension);
         Descriptor descriptor(::openat(folderDescriptor, systemPath(path), kFlags, mode));
         if (descriptor.isOpen()) return {std::move(path), std::move(descriptor)};
-        if (errno != EEXIST && errno != EINTR) throw systemFailure(errno, kSource);
+        if (errno != EEXIST && errno != EINTR) throw systemFailure(errno, kTemporaryNameSource);
     }
-    throw systemFailure(EEXIST, kSource);
+    throw systemFailure(EEXIST, kTemporaryNameSource);
 }
 
 std::string createTemporaryFile(const std::string& folder, std::string_view prefix) {

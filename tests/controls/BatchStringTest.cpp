@@ -64,6 +64,6 @@ void BatchStringTest::keepsCodeAndTextUntilTheyAreSetAgain() {
     QCOMPARE(batch.Convert(), std::string("two"));
 }
 
-static const bool kRegistered = corvane::test::registerTest<BatchStringTest>("BatchStringTest");
+static const bool kIsRegisteredBatchStringTest = corvane::test::registerTest<BatchStringTest>("BatchStringTest");
 
 #include <BatchStringTest.moc>

@@ -121,6 +121,6 @@ void CorvaneTest::firesNoEvents() {
     }
 }
 
-static const bool kRegistered = registerTest<CorvaneTest>("CorvaneTest");
+static const bool kIsRegisteredCorvaneTest = registerTest<CorvaneTest>("CorvaneTest");
 
 #include <CorvaneTest.moc>

@@ -321,6 +321,6 @@ void EditMenuTest::theWindowMayDieUnderItsMenu() {
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-static const bool kRegistered = registerTest<EditMenuTest>("EditMenuTest");
+static const bool kIsRegisteredEditMenuTest = registerTest<EditMenuTest>("EditMenuTest");
 
 #include <EditMenuTest.moc>

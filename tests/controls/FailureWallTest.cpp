@@ -38,6 +38,6 @@ void FailureWallTest::anythingElseGoesNoFurtherEither() {
     behindWall("Editor", [] { throw 7; });
 }
 
-static const bool kRegistered = corvane::test::registerTest<FailureWallTest>("FailureWallTest");
+static const bool kIsRegisteredFailureWallTest = corvane::test::registerTest<FailureWallTest>("FailureWallTest");
 
 #include <FailureWallTest.moc>

@@ -98,6 +98,6 @@ void FieldLimitTest::standsOutOnLightAndDarkWindows() {
     QVERIFY(text.saturation() > 100); // a colour, not a grey
 }
 
-static const bool kRegistered = registerTest<FieldLimitTest>("FieldLimitTest");
+static const bool kIsRegisteredFieldLimitTest = registerTest<FieldLimitTest>("FieldLimitTest");
 
 #include <FieldLimitTest.moc>

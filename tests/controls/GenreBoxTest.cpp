@@ -172,6 +172,6 @@ void GenreBoxTest::aListOfGenresAloneHasNoTextOfItsOwn() {
     QVERIFY(box().lineEdit() == nullptr);
 }
 
-static const bool kRegistered = registerTest<GenreBoxTest>("GenreBoxTest");
+static const bool kIsRegisteredGenreBoxTest = registerTest<GenreBoxTest>("GenreBoxTest");
 
 #include <GenreBoxTest.moc>

@@ -296,6 +296,6 @@ void ID3v1ManyTagsTest::inSingleModeATagTakesThePlaceOfAll() {
     QCOMPARE(control().TagCount(), 1);
 }
 
-static const bool kRegistered = registerTest<ID3v1ManyTagsTest>("ID3v1ManyTagsTest");
+static const bool kIsRegisteredID3v1ManyTagsTest = registerTest<ID3v1ManyTagsTest>("ID3v1ManyTagsTest");
 
 #include <ID3v1ManyTagsTest.moc>

@@ -269,6 +269,6 @@ void ID3v1Test::theTrackIsANumberOfTheRecord() {
     QTEST(int{control().Track()}, "track");
 }
 
-static const bool kRegistered = registerTest<ID3v1Test>("ID3v1Test");
+static const bool kIsRegisteredID3v1Test = registerTest<ID3v1Test>("ID3v1Test");
 
 #include <ID3v1Test.moc>

@@ -373,6 +373,6 @@ void ID3v1UseTest::thePalettesRolesColourTheFields() {
     QVERIFY(control().VisibilityMode() == ETagEditModeConstants::temEditMany);
 }
 
-static const bool kRegistered = registerTest<ID3v1UseTest>("ID3v1UseTest");
+static const bool kIsRegisteredID3v1UseTest = registerTest<ID3v1UseTest>("ID3v1UseTest");
 
 #include <ID3v1UseTest.moc>

@@ -240,6 +240,6 @@ void ID3v2SavingTest::anotherKindOfTagIsRefused() {
     }
 }
 
-static const bool kRegistered = registerTest<ID3v2SavingTest>("ID3v2SavingTest");
+static const bool kIsRegisteredID3v2SavingTest = registerTest<ID3v2SavingTest>("ID3v2SavingTest");
 
 #include <ID3v2SavingTest.moc>

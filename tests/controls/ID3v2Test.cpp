@@ -210,6 +210,6 @@ void ID3v2Test::aHiddenListKeepsItsRows() {
     QVERIFY(list().isVisible());
 }
 
-static const bool kRegistered = registerTest<ID3v2Test>("ID3v2Test");
+static const bool kIsRegisteredID3v2Test = registerTest<ID3v2Test>("ID3v2Test");
 
 #include <ID3v2Test.moc>

@@ -317,6 +317,6 @@ void ID3v2UseTest::anotherTagClosesTheEditMenu() {
     QVERIFY(!line("txtTitle").isEnabled());
 }
 
-static const bool kRegistered = registerTest<ID3v2UseTest>("ID3v2UseTest");
+static const bool kIsRegisteredID3v2UseTest = registerTest<ID3v2UseTest>("ID3v2UseTest");
 
 #include <ID3v2UseTest.moc>

@@ -34,6 +34,6 @@ void ID3v2WithoutId3libTest::aTagIsShownAndLocked() {
     QVERIFY(file_->isUnchanged());
 }
 
-static const bool kRegistered = registerTest<ID3v2WithoutId3libTest>("ID3v2WithoutId3libTest");
+static const bool kIsRegisteredID3v2WithoutId3libTest = registerTest<ID3v2WithoutId3libTest>("ID3v2WithoutId3libTest");
 
 #include <ID3v2WithoutId3libTest.moc>

@@ -82,6 +82,6 @@ void Id3v1RulesTest::stepsStayWithinTheTags() {
     QVERIFY(tags.hasNext() && !tags.hasPrevious());
 }
 
-static const bool kRegistered = corvane::test::registerTest<Id3v1RulesTest>("Id3v1RulesTest");
+static const bool kIsRegisteredId3v1RulesTest = corvane::test::registerTest<Id3v1RulesTest>("Id3v1RulesTest");
 
 #include <Id3v1RulesTest.moc>

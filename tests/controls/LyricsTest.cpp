@@ -274,6 +274,6 @@ void LyricsTest::propertiesAreKnownToForms() {
     QCOMPARE(control_->property("HasTag").toBool(), false);
 }
 
-static const bool kRegistered = registerTest<LyricsTest>("LyricsTest");
+static const bool kIsRegisteredLyricsTest = registerTest<LyricsTest>("LyricsTest");
 
 #include <LyricsTest.moc>

@@ -245,6 +245,6 @@ void PicturePanelTest::clearingIsOfferedOnlyWithPicture() {
     QVERIFY(!panel_->clearButton()->isEnabled());
 }
 
-static const bool kRegistered = registerTest<PicturePanelTest>("PicturePanelTest");
+static const bool kIsRegisteredPicturePanelTest = registerTest<PicturePanelTest>("PicturePanelTest");
 
 #include <PicturePanelTest.moc>

@@ -206,6 +206,6 @@ void cTextBoxMenuTest::thePropertiesTellTheSame() {
     QVERIFY(textBox.DisableContextMenu());
 }
 
-static const bool kRegistered = registerTest<cTextBoxMenuTest>("cTextBoxMenuTest");
+static const bool kIsRegisteredcTextBoxMenuTest = registerTest<cTextBoxMenuTest>("cTextBoxMenuTest");
 
 #include <cTextBoxMenuTest.moc>

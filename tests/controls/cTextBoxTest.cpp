@@ -256,6 +256,6 @@ void cTextBoxTest::aProgramReplacesTheSelectionInALockedBoxToo() {
     QVERIFY(box_->property("readOnly").toBool());
 }
 
-static const bool kRegistered = registerTest<cTextBoxTest>("cTextBoxTest");
+static const bool kIsRegisteredcTextBoxTest = registerTest<cTextBoxTest>("cTextBoxTest");
 
 #include <cTextBoxTest.moc>

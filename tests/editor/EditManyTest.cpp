@@ -290,5 +290,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<EditManyTest>("EditManyTest");
+static const bool kIsRegisteredEditManyTest = corvane::test::registerTest<EditManyTest>("EditManyTest");
 #include <EditManyTest.moc>

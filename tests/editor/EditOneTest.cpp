@@ -460,5 +460,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<EditOneTest>("EditOneTest");
+static const bool kIsRegisteredEditOneTest = corvane::test::registerTest<EditOneTest>("EditOneTest");
 #include <EditOneTest.moc>

@@ -223,5 +223,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<EditSessionTest>("EditSessionTest");
+static const bool kIsRegisteredEditSessionTest = corvane::test::registerTest<EditSessionTest>("EditSessionTest");
 #include <EditSessionTest.moc>

@@ -149,5 +149,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<FileDialogsTest>("FileDialogsTest");
+static const bool kIsRegisteredFileDialogsTest = corvane::test::registerTest<FileDialogsTest>("FileDialogsTest");
 #include <FileDialogsTest.moc>

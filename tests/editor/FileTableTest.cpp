@@ -164,5 +164,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<FileTableTest>("FileTableTest");
+static const bool kIsRegisteredFileTableTest = corvane::test::registerTest<FileTableTest>("FileTableTest");
 #include <FileTableTest.moc>

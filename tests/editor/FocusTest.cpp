@@ -205,5 +205,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<FocusTest>("FocusTest");
+static const bool kIsRegisteredFocusTest = corvane::test::registerTest<FocusTest>("FocusTest");
 #include <FocusTest.moc>

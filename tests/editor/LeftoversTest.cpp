@@ -146,5 +146,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<LeftoversTest>("LeftoversTest");
+static const bool kIsRegisteredLeftoversTest = corvane::test::registerTest<LeftoversTest>("LeftoversTest");
 #include <LeftoversTest.moc>

@@ -470,5 +470,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<MainWindowTest>("MainWindowTest");
+static const bool kIsRegisteredMainWindowTest = corvane::test::registerTest<MainWindowTest>("MainWindowTest");
 #include <MainWindowTest.moc>

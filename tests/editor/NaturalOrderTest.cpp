@@ -52,5 +52,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<NaturalOrderTest>("NaturalOrderTest");
+static const bool kIsRegisteredNaturalOrderTest = corvane::test::registerTest<NaturalOrderTest>("NaturalOrderTest");
 #include <NaturalOrderTest.moc>

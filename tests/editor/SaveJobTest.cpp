@@ -390,5 +390,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<SaveJobTest>("SaveJobTest");
+static const bool kIsRegisteredSaveJobTest = corvane::test::registerTest<SaveJobTest>("SaveJobTest");
 #include <SaveJobTest.moc>

@@ -240,5 +240,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<ToolsTest>("ToolsTest");
+static const bool kIsRegisteredToolsTest = corvane::test::registerTest<ToolsTest>("ToolsTest");
 #include <ToolsTest.moc>

@@ -180,5 +180,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<TranslationsTest>("TranslationsTest");
+static const bool kIsRegisteredTranslationsTest = corvane::test::registerTest<TranslationsTest>("TranslationsTest");
 #include <TranslationsTest.moc>

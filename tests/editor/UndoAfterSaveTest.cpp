@@ -256,5 +256,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<UndoAfterSaveTest>("UndoAfterSaveTest");
+static const bool kIsRegisteredUndoAfterSaveTest = corvane::test::registerTest<UndoAfterSaveTest>("UndoAfterSaveTest");
 #include <UndoAfterSaveTest.moc>

@@ -74,5 +74,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<XmlViewTest>("XmlViewTest");
+static const bool kIsRegisteredXmlViewTest = corvane::test::registerTest<XmlViewTest>("XmlViewTest");
 #include <XmlViewTest.moc>

@@ -26,15 +26,18 @@ namespace {
 using Json = nlohmann::ordered_json;
 using MpegFile = TagLib::MPEG::File;
 
-std::string utf8(const TagLib::String& text) { return text.to8Bit(true); }
+std::string toUtf8(const TagLib::String& text) { return text.to8Bit(true); }
 
 TagLib::String fromUtf8(const char* text) { return {text, TagLib::String::UTF8}; }
 
 Json textsOf(const TagLib::Tag& tag) {
-    return {{"title", utf8(tag.title())},    {"artist", utf8(tag.artist())},
-            {"album", utf8(tag.album())},    {"year", tag.year()},
-            {"track", tag.track()},          {"genre", utf8(tag.genre())},
-            {"comment", utf8(tag.comment())}};
+    return {{"title", toUtf8(tag.title())},
+            {"artist", toUtf8(tag.artist())},
+            {"album", toUtf8(tag.album())},
+            {"year", tag.year()},
+            {"track", tag.track()},
+            {"genre", toUtf8(tag.genre())},
+            {"comment", toUtf8(tag.comment())}};
 }
 
 Json id3v1Of(MpegFile& file) {
