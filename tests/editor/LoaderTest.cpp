@@ -178,5 +178,5 @@ private Q_SLOTS:
     }
 };
 
-static const bool kRegistered = corvane::test::registerTest<LoaderTest>("LoaderTest");
+static const bool kIsRegisteredLoaderTest = corvane::test::registerTest<LoaderTest>("LoaderTest");
 #include <LoaderTest.moc>
