@@ -97,15 +97,11 @@ void cError::record(std::string_view source, std::string_view description, std::
 }
 
 void cError::recordUnknownException() {
-    try {
-        throw;
-    } catch (const abi::__forced_unwind&) {
-        throw;
-    } catch (...) {
-        const RuntimeFailure unknown(FailureNumber::InternalError, {}, "Unknown failure");
-        Clear();
-        CopyError(&unknown);
-    }
+    // The end of a thread has no type, as every exception of C++ has.
+    if (abi::__cxa_current_exception_type() == nullptr) throw;
+    const RuntimeFailure unknown(FailureNumber::InternalError, {}, "Unknown failure");
+    Clear();
+    CopyError(&unknown);
 }
 
 } // namespace corvane

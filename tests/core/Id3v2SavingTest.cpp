@@ -109,13 +109,18 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Ways, ATagThatWasNotRead,
+#ifndef __SANITIZE_ADDRESS__ // the checks of UndefinedBehaviorSanitizer need descriptors themselves
+INSTANTIATE_TEST_SUITE_P(WaysOfTheProcess, ATagThatWasNotRead,
                          testing::Values(FailedRead{"WithoutADescriptor",
                                                     [](ID3V2Tag& tag, const std::string&) {
                                                         const NoDescriptorsLeft none;
                                                         EXPECT_EQ(tag.Title(), "");
-                                                    }},
-                                         FailedRead{"WhileTheFileHadAnotherName",
+                                                    }}),
+                         [](const auto& tested) { return tested.param.name; });
+#endif
+
+INSTANTIATE_TEST_SUITE_P(WaysOfTheFile, ATagThatWasNotRead,
+                         testing::Values(FailedRead{"WhileTheFileHadAnotherName",
                                                     [](ID3V2Tag& tag, const std::string& path) {
                                                         std::filesystem::rename(path, path + ".away");
                                                         EXPECT_EQ(tag.Title(), "");
