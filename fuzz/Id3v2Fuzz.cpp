@@ -39,7 +39,7 @@ void readEveryFrame(const TagFrames& frames) {
 
 template <class Layout>
 std::shared_ptr<const TagFrames> walkedInMemory(Bytes body, const Layout& layout) {
-    FrameGatherer gatherer{ByteArray(body.begin(), body.end())};
+    FrameGatherer gatherer{ByteArray(body.begin(), body.end()), ID3V2Header::kByteCount + body.size()};
     return gatherer.walk(layout, 0, body.size()).isComplete ? gatherer.done() : nullptr;
 }
 
