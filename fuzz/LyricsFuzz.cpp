@@ -24,15 +24,17 @@ std::string textOf(Bytes bytes) { return {bytes.begin(), bytes.end()}; }
 void splitBody(Bytes body) {
     ByteReader rest(body);
     LyricsFields fields;
-    std::size_t added = 0, taken = 0;
+    std::size_t added = 0;
     while (rest.left() > 0) {
+        const std::size_t before = rest.left();
         const auto field = takeLyricsField(rest);
         if (!field) break;
         const auto told = static_cast<std::size_t>(field->size);
         require(field->id.size() == 3 && field->size >= 0 && field->size <= 99999);
         require(field->data.size() == told || (field->data.size() < told && rest.left() == 0));
-        taken += 8 + field->data.size();
-        require(taken + rest.left() == body.size());
+        const std::size_t taken = before - rest.left();
+        const bool endsInsideTheLength = rest.left() == 0 && taken < 8 && field->data.empty();
+        require(taken == 8 + field->data.size() || endsInsideTheLength);
 
         const bool isNew = fields.find(decodeCodePage(field->id)) == nullptr;
         require(fields.add(Internals<LyricsV200Field>::of(decodeCodePage(field->id), field->size, {})) == isNew);
