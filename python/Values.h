@@ -6,7 +6,7 @@
 //   FileName   str, bytes or os.PathLike goes in, str comes out, as os.fsencode and os.fsdecode convert them.
 //   Key        str that something is looked up by. One with surrogates is the key of nothing.
 //   Number<T>  int; one that does not fit T is the library's overflow failure and is never wrapped.
-//   Position   a number, at which something stands in a collection; 0, where nothing stands, for one that is not whole
+//   Position   a number, of an element of a collection; 0, which no element has, for one that is not whole
 //              or does not fit.
 //   ByteArray  bytes comes out; any object that shows its bytes (bytes, bytearray, memoryview) goes in.
 //   XmlNode    xml.etree.ElementTree.Element goes in.

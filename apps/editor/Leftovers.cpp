@@ -76,8 +76,8 @@ bool isOwnAndOld(const struct stat& status, std::chrono::seconds age) {
            isOlder(status.st_mtim, age) && isOlder(status.st_ctim, age);
 }
 
-// The system gives a lease for writing only while nobody else has the file open. Where it cannot tell, the file counts
-// as open.
+// The system gives a lease for writing only while nobody else has the file open. Where it gives no answer, the file
+// counts as open.
 bool isOpenElsewhere(int file) {
     ::fcntl(file, F_SETSIG, SIGURG); // a program that opens it now would end this process otherwise
     if (::fcntl(file, F_SETLEASE, F_WRLCK) != 0) return true;

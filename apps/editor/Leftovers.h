@@ -1,4 +1,4 @@
-// The temporary files that a save leaves behind when its process is killed or the power fails.
+// The temporary files that a save leaves when its process is killed or the power fails.
 //
 // Their names alone prove nothing, so a file counts as such only when all of this holds: it has the exact name of a
 // temporary file of the library, belongs to the user, has one name, is a regular file, was not changed for ten minutes

@@ -1,4 +1,4 @@
-// Formats that are not bare MPEG audio, told by the bytes with which they begin: pictures, other audio and video,
+// Formats that are not bare MPEG audio, recognised by the bytes with which they begin: pictures, other audio and video,
 // documents, archives and programs.
 #pragma once
 

@@ -47,7 +47,7 @@ inline std::shared_ptr<TagError> viewOf(std::shared_ptr<const cError> record) {
     Internals<TagError>::SetErrorRecord(*view, std::move(record));
     return view;
 }
-// The same of whatever record stands in a place at the time of a look.
+// The same of the record that a place holds at the time of a look.
 inline std::shared_ptr<TagError> viewOf(std::shared_ptr<const ErrorRecordPlace> place) {
     auto view = std::make_shared<TagError>();
     Internals<TagError>::SetErrorRecord(*view, std::move(place));

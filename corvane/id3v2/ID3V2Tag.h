@@ -66,7 +66,7 @@ public:
     std::shared_ptr<TagError> LastError() const;
 
     // The tag as an XML document: version, size and the frames that the reader keeps. BaseNode, where given, is set to
-    // the root element. Fails with a RuntimeFailure when a payload that stands in the file can no longer be read, or
+    // the root element. Fails with a RuntimeFailure when a payload that was left in the file can no longer be read, or
     // inflates beyond the limit of the tag (setInflationLimit).
     std::string xml(XmlNode* BaseNode = nullptr);
 
@@ -126,7 +126,7 @@ private:
 
     std::shared_ptr<ID3V2Version> version_;
     std::shared_ptr<ErrorRecordPlace> errorPlace_; // views of it show what adoptRecordOf puts there
-    std::shared_ptr<cError> error_;                // what stands there
+    std::shared_ptr<cError> error_;                // the record in that place
     std::string fileName_;
     ID3V2Header header_;
     std::int32_t size_ = 0; // bytes, with the header

@@ -29,7 +29,7 @@ ReadableFrame readableFrame(FrameId id, Bytes payload);
 std::string readableText(FrameId id, Bytes payload);
 
 // The same of a frame of a tag; all empty for an encrypted one and for one that is too large to inflate. Reads the
-// payload from the file where it stands there, and only when there is something to read in it; fails with a
+// payload from the file where it was left there, and only when there is something to read in it; fails with a
 // RuntimeFailure when it cannot.
 ReadableFrame readableFrame(const TagFrames& frames, const FrameRecord& frame);
 

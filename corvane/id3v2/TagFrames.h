@@ -65,7 +65,7 @@ public:
     // Every frame's ID in file order, each followed by ";".
     std::string list() const;
 
-    // The payload of a record of this tag. Fails when it stands in the file and that is no longer the one it was, and
+    // The payload of a record of this tag. Fails when it was left in the file and that is no longer the one it was, and
     // when it is too large.
     Payload payload(const FrameRecord& record) const;
 

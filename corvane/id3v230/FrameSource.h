@@ -30,7 +30,7 @@ public:
     // Whether the frame would inflate beyond the limit of its tag.
     bool isTooLarge() const { return tag_->isTooLarge(frame()); }
     // What the frame says; nothing when nobody can know, because it is encrypted, cannot be inflated or is too large.
-    // What stands in front of the image of a picture is in memory in all but odd cases, so nothing is read for it.
+    // What precedes the image of a picture is in memory in all but odd cases, so nothing is read for it.
     std::optional<FrameContent> content() const;
     // The payload whole: the frame's data, inflated, without the bytes that its flags announce. Encrypted data stay as
     // they are. Fails with a RuntimeFailure when the tag's file was changed or is gone and the frame was not read with

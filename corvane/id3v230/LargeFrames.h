@@ -1,5 +1,5 @@
 // What a tag's image knows of the large frames that it has not gathered: of those that somebody has read, enough to
-// tell later whether they are still the same; and the data of those that have left the file since.
+// find out later whether they are still the same; and the data of those that have left the file since.
 #pragma once
 
 #include "corvane/id3v230/KeptFrames.h"

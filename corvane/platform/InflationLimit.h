@@ -12,7 +12,7 @@ inline constexpr std::uint64_t kDefaultInflationLimit = std::uint64_t{64} * 1024
 
 // Sets how many bytes all compressed frames of a tag may make together beyond the size of their file, for tags that are
 // read from now on in the whole process. Until then it is kDefaultInflationLimit. Frames that come after the limit are
-// kept and saved as they stand in the file, but what they say cannot be read. May be called from any thread.
+// kept and saved as they are in the file, but what they say cannot be read. May be called from any thread.
 CORVANE_EXPORT void setInflationLimit(std::uint64_t bytesBeyondFile);
 
 // What is set at this time.

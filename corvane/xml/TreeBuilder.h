@@ -13,7 +13,7 @@ namespace corvane {
 
 class TreeBuilder {
 public:
-    // What stands between the parts of a name below; no document can hold it.
+    // The separator of the parts of a name below; no document can hold it.
     static constexpr char kSeparator = '\x0C';
 
     // A namespace that the next element declares; the empty prefix is that of elements without one.
