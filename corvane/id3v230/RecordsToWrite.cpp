@@ -26,8 +26,8 @@ bool isPicture(const ID3V230Frame& record) {
 ByteArray withHeader(RawFrame frame, Bytes payload) {
     frame.dataSize = static_cast<std::uint32_t>(payload.size());
     const auto header = encodedFrameHeader(frame);
-    ByteArray bytes(header.begin(), header.end());
-    bytes.insert(bytes.end(), payload.begin(), payload.end());
+    ByteArray bytes(header.size() + payload.size());
+    std::ranges::copy(payload, std::ranges::copy(header, bytes.begin()).out);
     return bytes;
 }
 
